@@ -11,6 +11,7 @@
 #include <QRegularExpression>
 #include <QSemaphore>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -189,6 +190,13 @@ void Device::sendModbusMessage(const QString& text)
 void Device::appendModbusMessage(const QString& text)
 {
     m_messageLog.append(text);
+    while (m_messageLog.size() > m_messageLogDepth)
+        m_messageLog.removeFirst();
+}
+
+void Device::setMessageLogDepth(int depth)
+{
+    m_messageLogDepth = std::max(1, depth);
     while (m_messageLog.size() > m_messageLogDepth)
         m_messageLog.removeFirst();
 }
@@ -394,6 +402,10 @@ QVariantMap Device::parametersForFile() const
 {
     QVariantMap parameters;
     for (auto it = m_deviceInfo.constBegin(); it != m_deviceInfo.constEnd(); ++it) {
+        // Metrology access is a state of the instrument's session, which
+        // ends with the program: it is not part of the configuration.
+        if (it.key() == QLatin1String("metrology_access"))
+            continue;
         const QVariant& value = it.value();
         switch (value.typeId()) {
         case QMetaType::QByteArray: {
@@ -1374,6 +1386,10 @@ QString Device::writeFunContext(int cmd) const
         return tr("response preambles count");
     case 129:
         return tr("set write protection by HART protocol");
+    case CmdMetrologyAccess:
+        return tr("metrology access");
+    case CmdWriteFactoryNumber:
+        return tr("write factory number");
     default:
         return QString();
     }
@@ -1620,6 +1636,92 @@ bool Device::writeDevice(int cmd)
     }
     if (count)
         incrementModifyCount();
+    checkAdditionalStatus(true, true);
+    return true;
+}
+
+// ---------------------------------------------------------------------------
+// Commands of the models and the protected functions
+
+bool Device::writeChecked(int cmd, const QByteArray& request, bool echo, QByteArray& response)
+{
+    if (write(writeFunContext(cmd), cmd, request, response) != 1)
+        return false;
+    if (!echo || response == request)
+        return true;
+    const QString mismatch = tr("*** cmdData != response");
+    DBG(LevelErr) << mismatch << "cmd" << cmd << "sent" << hexBytes(request) << "got" << hexBytes(response);
+    setErrorText(mismatch);
+    emit deviceError(mismatch);
+    sendModbusMessage(mismatch);
+    return false;
+}
+
+bool Device::hasMetrologyAccess() const
+{
+    return false;
+}
+
+bool Device::refuseProtectedFunction(int cmd)
+{
+    const QString text =
+        tr("the device '%1' has no protected function '%2' (cmd=%3)").arg(name(), writeFunContext(cmd)).arg(cmd);
+    DBG(LevelErr) << text;
+    setErrorText(text);
+    updateState(3);
+    sendModbusMessage(text);
+    emit deviceError(text);
+    return false;
+}
+
+bool Device::sendAdjustCode(quint32 code)
+{
+    if (!hasMetrologyAccess())
+        return refuseProtectedFunction(CmdMetrologyAccess);
+    QByteArray request(4, '\0');
+    for (int i = 0; i < 4; ++i)
+        request[i] = char((code >> (8 * (3 - i))) & 0xFF);
+    QByteArray response;
+    if (!writeChecked(CmdMetrologyAccess, request, false, response))
+        return false;
+    const int open = byteAt(response, 0);
+    setDeviceInfo(QStringLiteral("metrology_access"), open);
+    checkAdditionalStatus(true, true);
+    if ((open == 1) == (code != 0))
+        return true;
+    const QString text = open == 1 ? tr("*** metrology access stays open") : tr("*** metrology access is not open");
+    DBG(LevelErr) << text << "answer" << hexBytes(response);
+    setErrorText(text);
+    sendModbusMessage(text);
+    emit deviceError(text);
+    return false;
+}
+
+bool Device::isMetrologyAccessOpen() const
+{
+    return m_deviceInfo.value(QStringLiteral("metrology_access")).toInt() == 1;
+}
+
+bool Device::writeFactoryNumber(const QByteArray& deviceId)
+{
+    if (!hasMetrologyAccess())
+        return refuseProtectedFunction(CmdWriteFactoryNumber);
+    if (deviceId.size() != 3) {
+        const QString text = tr("the factory number must have 3 bytes, not %1").arg(deviceId.size());
+        DBG(LevelErr) << text;
+        setErrorText(text);
+        updateState(3);
+        sendModbusMessage(text);
+        emit deviceError(text);
+        return false;
+    }
+    QByteArray response;
+    if (!writeChecked(CmdWriteFactoryNumber, deviceId, true, response))
+        return false;
+    incrementModifyCount();
+    // The long address holds the identifier: the old one reaches nobody now.
+    if (!checkHartDevice(QString(), QString(), true))
+        return false;
     checkAdditionalStatus(true, true);
     return true;
 }

@@ -73,6 +73,8 @@ public:
 
     void sendModbusMessage(const QString& text);
     const QList<QString>& messageLog() const { return m_messageLog; }
+    int messageLogDepth() const { return m_messageLogDepth; }
+    void setMessageLogDepth(int depth);
 
     QByteArray hartAddress() const { return m_hartAddress; }
     QByteArray hartDeviceID() const { return m_hartDeviceID; }
@@ -170,6 +172,30 @@ public:
     QVariantMap measureInfo() const { return m_measureInfo; }
     void setMeasureInfo(const QVariantMap& info) { m_measureInfo = info; }
 
+    // Protected functions of the model instruments. The metrology access
+    // check, command 190, opens the adjustment and factory commands of the
+    // instrument (with access closed the instrument refuses them with response
+    // code 16); the factory number, command 194, is the 3-byte device
+    // identifier. A device without them, the base class and the generic
+    // device, refuses these calls with an error text and sends nothing.
+    enum ProtectedCommand { CmdMetrologyAccess = 190, CmdManufacturerSettings = 192, CmdWriteFactoryNumber = 194 };
+    // True for a device that has the protected functions.
+    virtual bool hasMetrologyAccess() const;
+    // Command 190 with the access code, 4 bytes unsigned big-endian; the code
+    // 0 closes access. The answer, 1 open or 0 closed, goes to
+    // "metrology_access". True when the device reports the state the code
+    // asks for; a wrong code is refused by the device (response code 16,
+    // result -3), and "metrology_access" keeps its value.
+    bool sendAdjustCode(quint32 code);
+    // The access state the device last reported through sendAdjustCode. The
+    // instrument also closes access by itself (reset, power-up, ten minutes
+    // without a protected command); a refused command then tells.
+    bool isMetrologyAccessOpen() const;
+    // Command 194 with a new factory number of 3 bytes, echoed. The long
+    // address changes with it, so the device is then identified again at its
+    // polling address; true when both went well.
+    bool writeFactoryNumber(const QByteArray& deviceId);
+
     // Codes into text.
     static QString getUnitCodeText(int unit, int classCode);
     QString getPVUnitCodeText();
@@ -203,6 +229,12 @@ protected:
     // byteBufferToString16 text, and load turns that text back into bytes.
     // A model with byte-array parameters of its own adds their keys.
     virtual bool isByteArrayParameter(const QString& key) const;
+    // One exchange with request data, for the commands of the models and the
+    // protected functions: the label of writeFunContext, write, and with echo
+    // the response must equal the request in length and bytes, or the result
+    // is false with "*** cmdData != response". The caller stores what the
+    // response brings, counts and checks the additional status.
+    bool writeChecked(int cmd, const QByteArray& request, bool echo, QByteArray& response);
 
 private:
     QVariantMap parametersForFile() const;
@@ -211,6 +243,7 @@ private:
     QVariantMap snapshot() const;
     void loadSnapshot(const QVariantMap& snapshot);
     bool openPortFailed(Port* p);
+    bool refuseProtectedFunction(int cmd);
     QByteArray frameAddress() const;
     void sendPortTraces(Port* p);
     void takeStatus(Port* p, bool exchanged);

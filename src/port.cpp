@@ -3,8 +3,12 @@
 #include "byteswapper.h"
 #include "configvalue.h"
 #include "debugqt.h"
+#include "defaultdevice.h"
 #include "device.h"
+#include "ph77device.h"
+#include "qp1device.h"
 #include "server.h"
+#include "tcv2device.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -337,8 +341,17 @@ Device* Port::createDevice(const QString& templateName)
     //   "pH-7702"        PH77Device
     //   "General"        DefaultDevice
     //   any other name   Device
-    // Until the model classes are in, every template gives a plain Device.
-    Device* device = new Device(this);
+    Device* device = nullptr;
+    if (templateName == QLatin1String("TCV-C") || templateName == QLatin1String("DX-C"))
+        device = new TCV2Device(this);
+    else if (templateName == QLatin1String("QP-1C"))
+        device = new QP1Device(this);
+    else if (templateName == QLatin1String("pH-7702"))
+        device = new PH77Device(this);
+    else if (templateName == QLatin1String("General"))
+        device = new DefaultDevice(this);
+    else
+        device = new Device(this);
     device->setDeviceTemplateName(templateName);
     connect(device, &ServerItem::modified, this, &ServerItem::modified);
     return device;

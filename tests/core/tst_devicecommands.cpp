@@ -1,12 +1,8 @@
 #include "debugqt.h"
-#include "device.h"
-#include "port.h"
-#include "server.h"
-#include "simulatedline.h"
+#include "deviceline.h"
+#include "scratchdir.h"
 
-#include <QDir>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QThread>
 #include <QtTest>
 
@@ -32,26 +28,19 @@ Fault emptyAnswer(int command)
     return fault;
 }
 
-// The same value and the same type: floats stay float, bytes int, three-byte
-// numbers unsigned int.
-QString mismatch(const QString& key, const QVariant& actual, const QVariant& expected)
+// The keys of the map against what is expected, value and type: floats stay
+// float, bytes int, three-byte numbers unsigned int. Empty when all match.
+QString mismatches(const QVariantMap& info, const QVariantMap& expected)
 {
-    if (actual.typeId() != expected.typeId())
-        return QStringLiteral("%1: type %2, expected %3").arg(key, actual.typeName(), expected.typeName());
-    if (actual != expected)
-        return QStringLiteral("%1: %2, expected %3").arg(key, actual.toString(), expected.toString());
-    return QString();
-}
-
-// A simulator parameter against an expected value: texts as texts, numbers
-// as numbers (the simulator keeps floats, ints and doubles as they came).
-QString simMismatch(const QString& key, const QVariant& actual, const QVariant& expected)
-{
-    if (!actual.isValid())
-        return QStringLiteral("%1: missing in the simulator").arg(key);
-    const bool same = expected.typeId() == QMetaType::QString ? actual.toString() == expected.toString()
-                                                              : actual.toDouble() == expected.toDouble();
-    return same ? QString() : QStringLiteral("%1: %2, expected %3").arg(key, actual.toString(), expected.toString());
+    QStringList wrong;
+    for (auto it = expected.constBegin(); it != expected.constEnd(); ++it) {
+        const QVariant actual = info.value(it.key());
+        if (actual.typeId() != it.value().typeId() || actual != it.value())
+            wrong << QStringLiteral("%1: %2 (%3), expected %4 (%5)")
+                         .arg(it.key(), actual.toString(), actual.typeName(), it.value().toString(),
+                              it.value().typeName());
+    }
+    return wrong.join(QStringLiteral("; "));
 }
 
 } // namespace
@@ -67,10 +56,9 @@ private slots:
 
     void reads_data();
     void reads();
-    void emptyAnswersWriteZeros_data();
-    void emptyAnswersWriteZeros();
+    void shortAnswersWriteZeros_data();
+    void shortAnswersWriteZeros();
     void command3WithPVOnly();
-    void versionGate_data();
     void versionGate();
     void readOfACommandNotInTheTable();
     void readFailureChangesNothing();
@@ -80,8 +68,6 @@ private slots:
     void writes();
     void changedEcho_data();
     void changedEcho();
-    void refusedWrite();
-    void writeProtection();
     void write18RenamesTheDevice();
     void write38ClearsConfigurationChanged();
     void commandsWithoutARow_data();
@@ -94,87 +80,48 @@ private slots:
     void twoThreadsNeverInterleave();
 
 private:
-    Device* addDevice(int pollingAddress);
-    // The commands the line served, after one more request, command 16, sent
-    // as a fence once the expected count of requests is in: the line logs in
-    // order, so a request sent before the fence is in the list when the fence
-    // is, and an unexpected one shows.
-    QList<int> served(Device* device, int expected);
-
-    QScopedPointer<QTemporaryDir> m_dir;
-    QString m_startDir;
-    SimulatedLine m_sim;
-    QScopedPointer<Server> m_server;
-    Port* m_port = nullptr;
+    ScratchDir m_dir;
+    DeviceLine m_line;
     Device* m_device = nullptr; // the generic HART 7 device at 0, identified
 };
 
 void TestDeviceCommands::initTestCase()
 {
     DebugQt::instance(0x8ED0001, nullptr);
-    m_startDir = QDir::currentPath();
 }
 
 void TestDeviceCommands::init()
 {
-    m_dir.reset(new QTemporaryDir);
-    QVERIFY(m_dir->isValid());
-    QVERIFY(QDir::setCurrent(m_dir->path()));
-
+    QVERIFY(m_dir.enter());
     // Values that stand still and come out exact in binary.
-    const QVariantMap generic = {{"polling_address", 0},
-                                 {"tag", "PT-1"},
-                                 {"descriptor", "PRESSURE LOOP"},
-                                 {"message", "HELLO WORLD"},
-                                 {"long_tag", "Pump one"},
-                                 {"date", "2026-03-15"},
-                                 {"final_assembly_number", 0x123456},
-                                 {"PV_alarm_selection_code", 1},
-                                 {"conversion_function", 1},
-                                 {"damping_time", 2.5},
-                                 {"distributor_label", 7},
-                                 {"var_0_value", 62.5},
-                                 {"var_0_amplitude", 0.0},
-                                 {"var_1_amplitude", 0.0},
-                                 {"var_2_amplitude", 0.0},
-                                 {"var_3_amplitude", 0.0}};
+    const QVariantMap generic{{"polling_address", 0},
+                              {"tag", "PT-1"},
+                              {"descriptor", "PRESSURE LOOP"},
+                              {"message", "HELLO WORLD"},
+                              {"long_tag", "Pump one"},
+                              {"date", "2026-03-15"},
+                              {"final_assembly_number", 0x123456},
+                              {"PV_alarm_selection_code", 1},
+                              {"conversion_function", 1},
+                              {"damping_time", 2.5},
+                              {"distributor_label", 7},
+                              {"var_0_value", 62.5},
+                              {"var_0_amplitude", 0.0},
+                              {"var_1_amplitude", 0.0},
+                              {"var_2_amplitude", 0.0},
+                              {"var_3_amplitude", 0.0}};
     const QVariantMap hart5 = {{"polling_address", 1}, {"var_0_value", 62.5}, {"var_0_amplitude", 0.0}};
-    QString error;
-    QVERIFY2(m_sim.start({{"generic", generic}, {"hart5", hart5}}, &error), qPrintable(error));
-    m_server.reset(new Server);
-    m_port = m_server->addPort(QStringLiteral("P1"));
-    QVERIFY(m_port->setSerialName(m_sim.path()));
-    m_device = addDevice(0);
+    QVERIFY(m_line.start({{"generic", generic}, {"hart5", hart5}}));
+    m_device = m_line.addDevice(0);
     QVERIFY(m_device->readDevice(0));
-    QVERIFY(m_sim.line().waitForRequests(1, 3000));
+    QVERIFY(m_line.sim.line().waitForRequests(1, 3000));
 }
 
 void TestDeviceCommands::cleanup()
 {
-    // The port goes before the line it talks on.
-    m_server.reset();
-    m_port = nullptr;
     m_device = nullptr;
-    m_sim.stop();
-    QDir::setCurrent(m_startDir);
-}
-
-Device* TestDeviceCommands::addDevice(int pollingAddress)
-{
-    Device* device = m_port->addDevice(QStringLiteral("D%1").arg(pollingAddress), QStringLiteral("Custom"), -1);
-    device->setAddress(pollingAddress);
-    return device;
-}
-
-QList<int> TestDeviceCommands::served(Device* device, int expected)
-{
-    QByteArray response;
-    device->read(QStringLiteral("fence"), 16, response);
-    m_sim.line().waitForRequests(expected + 1, 3000);
-    QList<int> commands;
-    for (const hartsim::RequestRecord& record : m_sim.line().requests())
-        commands << record.command;
-    return commands;
+    m_line.stop();
+    m_dir.leave();
 }
 
 // ---------------------------------------------------------------------------
@@ -186,61 +133,43 @@ void TestDeviceCommands::reads_data()
     QTest::addColumn<QVariantMap>("simSetup");
     QTest::addColumn<QVariantMap>("expected");
 
-    QTest::newRow("1 PV") << 1 << QVariantMap() << QVariantMap{{"PV_unit_code", 12}, {"PV", 62.5f}};
-    QTest::newRow("2 output current") << 2 << QVariantMap()
-                                      << QVariantMap{{"output_current", 14.0f}, {"output_current_%", 62.5f}};
-    QTest::newRow("3 device variables") << 3 << QVariantMap() << QVariantMap{{"output_current", 14.0f},
-                                                                             {"PV_unit_code", 12},
-                                                                             {"PV", 62.5f},
-                                                                             {"SV_unit_code", 32},
-                                                                             {"SV", 23.5f},
-                                                                             {"TV_unit_code", 19},
-                                                                             {"TV", 12.0f},
-                                                                             {"QV_unit_code", 57},
-                                                                             {"QV", 50.0f}};
-    QTest::newRow("7 polling address") << 7 << QVariantMap{{"current_loop_mode", 0}}
-                                       << QVariantMap{{"polling_address", 0}, {"current_loop_mode", 0}};
-    QTest::newRow("8 classifications") << 8 << QVariantMap()
-                                       << QVariantMap{{"PV_class_code", 65},
-                                                      {"SV_class_code", 64},
-                                                      {"TV_class_code", 66},
-                                                      {"QV_class_code", 0}};
-    QTest::newRow("12 message") << 12 << QVariantMap() << QVariantMap{{"message", "HELLO WORLD"}};
-    QTest::newRow("13 tag, descriptor, date")
-        << 13 << QVariantMap()
-        << QVariantMap{{"tag", "PT-1"}, {"descriptor", "PRESSURE LOOP"}, {"date", QDate(2026, 3, 15)}};
-    QTest::newRow("13 a date of the last century")
-        << 13 << QVariantMap{{"date", "1999-12-31"}} << QVariantMap{{"date", QDate(1999, 12, 31)}};
-    QTest::newRow("14 sensor") << 14 << QVariantMap{{"sensor_number", 0xABCDEF}}
-                               << QVariantMap{{"sensor_number", 0xABCDEFu},
-                                              {"sensor_unit_code", 12},
-                                              {"sensor_range_max", 250.0f},
-                                              {"sensor_range_min", -100.0f},
-                                              {"sensor_minimum_range", 1.0f}};
-    QTest::newRow("15 output info")
-        << 15 << QVariantMap{{"write_protection", 1}}
-        << QVariantMap{{"PV_alarm_selection_code", 1}, {"conversion_function", 1}, {"range_unit_code", 12},
-                       {"range_max", 100.0f},          {"range_min", 0.0f},        {"damping_time", 2.5f},
-                       {"write_protection", 1},        {"distributor_label", 7}};
-    QTest::newRow("16 final assembly number")
-        << 16 << QVariantMap() << QVariantMap{{"final_assembly_number", 0x123456u}};
-    QTest::newRow("20 long tag") << 20 << QVariantMap() << QVariantMap{{"long_tag", "Pump one"}};
-    QTest::newRow("20 long tag of 32 characters") << 20 << QVariantMap{{"long_tag", "Feed water pump, north side, #02"}}
-                                                  << QVariantMap{{"long_tag", "Feed water pump, north side, #02"}};
-    QTest::newRow("48 device status") << 48 << QVariantMap{{"error_code", 3}, {"extended_status", 2}}
-                                      << QVariantMap{
-                                             {"error_code", 3},      {"ADC_flags", 0},
-                                             {"EEPROM_flags", 0},    {"device_specific_status", hx("030000000000")},
-                                             {"extended_status", 2}, {"standart_status_0", 0}};
-    QTest::newRow("50 assignments") << 50
-                                    << QVariantMap{{"PV_dev_variable_code", 1},
-                                                   {"SV_dev_variable_code", 0},
-                                                   {"TV_dev_variable_code", 3},
-                                                   {"QV_dev_variable_code", 2}}
-                                    << QVariantMap{{"PV_dev_variable_code", 1},
-                                                   {"SV_dev_variable_code", 0},
-                                                   {"TV_dev_variable_code", 3},
-                                                   {"QV_dev_variable_code", 2}};
+    auto row = [](const char* name, int command, const QVariantMap& expected, const QVariantMap& simSetup = {}) {
+        QTest::newRow(name) << command << simSetup << expected;
+    };
+    const QVariantMap variables{
+        {"output_current", 14.0f}, {"PV_unit_code", 12}, {"PV", 62.5f},        {"SV_unit_code", 32}, {"SV", 23.5f},
+        {"TV_unit_code", 19},      {"TV", 12.0f},        {"QV_unit_code", 57}, {"QV", 50.0f}};
+    const QVariantMap classes{
+        {"PV_class_code", 65}, {"SV_class_code", 64}, {"TV_class_code", 66}, {"QV_class_code", 0}};
+    const QVariantMap sensor{{"sensor_number", 0xABCDEFu},
+                             {"sensor_unit_code", 12},
+                             {"sensor_range_max", 250.0f},
+                             {"sensor_range_min", -100.0f},
+                             {"sensor_minimum_range", 1.0f}};
+    const QVariantMap output{{"PV_alarm_selection_code", 1}, {"conversion_function", 1}, {"range_unit_code", 12},
+                             {"range_max", 100.0f},          {"range_min", 0.0f},        {"damping_time", 2.5f},
+                             {"write_protection", 1},        {"distributor_label", 7}};
+    const QVariantMap status{{"error_code", 3},      {"ADC_flags", 0},
+                             {"EEPROM_flags", 0},    {"device_specific_status", hx("030000000000")},
+                             {"extended_status", 2}, {"standart_status_0", 0}};
+    const QVariantMap assignments{{"PV_dev_variable_code", 1},
+                                  {"SV_dev_variable_code", 0},
+                                  {"TV_dev_variable_code", 3},
+                                  {"QV_dev_variable_code", 2}};
+    row("1 PV", 1, {{"PV_unit_code", 12}, {"PV", 62.5f}});
+    row("2 output current", 2, {{"output_current", 14.0f}, {"output_current_%", 62.5f}});
+    row("3 device variables", 3, variables);
+    row("7 polling address", 7, {{"polling_address", 0}, {"current_loop_mode", 0}}, {{"current_loop_mode", 0}});
+    row("8 classifications", 8, classes);
+    row("12 message", 12, {{"message", "HELLO WORLD"}});
+    row("13 tag, descriptor, date", 13,
+        {{"tag", "PT-1"}, {"descriptor", "PRESSURE LOOP"}, {"date", QDate(2026, 3, 15)}});
+    row("14 sensor", 14, sensor, {{"sensor_number", 0xABCDEF}});
+    row("15 output info", 15, output, {{"write_protection", 1}});
+    row("16 final assembly number", 16, {{"final_assembly_number", 0x123456u}});
+    row("20 long tag", 20, {{"long_tag", "Pump one"}});
+    row("48 device status", 48, status, {{"error_code", 3}, {"extended_status", 2}});
+    row("50 assignments", 50, assignments, assignments);
 }
 
 void TestDeviceCommands::reads()
@@ -250,14 +179,12 @@ void TestDeviceCommands::reads()
     QFETCH(QVariantMap, expected);
 
     for (auto it = simSetup.constBegin(); it != simSetup.constEnd(); ++it)
-        m_sim.setParam(0, it.key(), it.value());
+        m_line.sim.setParam(0, it.key(), it.value());
     const int modifyCount = m_device->getDeviceInfoByte("modify_count");
     QVERIFY(m_device->readDevice(command));
-    for (auto it = expected.constBegin(); it != expected.constEnd(); ++it) {
-        const QString wrong = mismatch(it.key(), m_device->deviceInfo().value(it.key()), it.value());
-        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-    }
-    const hartsim::RequestRecord record = m_sim.record(2);
+    const QString wrong = mismatches(m_device->deviceInfo(), expected);
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+    const hartsim::RequestRecord record = m_line.sim.record(2);
     QCOMPARE(int(record.command), command);
     QCOMPARE(record.data, QByteArray());
     QCOMPARE(record.address, hx("912a002a01"));
@@ -266,141 +193,103 @@ void TestDeviceCommands::reads()
     QVERIFY(m_device->deviceTagState() & Device::TagStateRead);
 }
 
-void TestDeviceCommands::emptyAnswersWriteZeros_data()
+void TestDeviceCommands::shortAnswersWriteZeros_data()
 {
     QTest::addColumn<int>("command");
     QTest::addColumn<QVariantMap>("expected");
 
-    QTest::newRow("1") << 1 << QVariantMap{{"PV_unit_code", 0}, {"PV", 0.0f}};
-    QTest::newRow("2") << 2 << QVariantMap{{"output_current", 0.0f}, {"output_current_%", 0.0f}};
     QTest::newRow("3 keeps SV on") << 3 << QVariantMap{{"output_current", 0.0f}, {"PV_unit_code", 0}, {"PV", 0.0f},
                                                        {"SV_unit_code", 7},      {"SV", 99.0f},       {"QV", 99.0f}};
-    QTest::newRow("8") << 8 << QVariantMap{{"PV_class_code", 0}, {"QV_class_code", 0}};
-    QTest::newRow("12") << 12 << QVariantMap{{"message", ""}};
     QTest::newRow("13: an invalid date is stored")
         << 13 << QVariantMap{{"tag", ""}, {"descriptor", ""}, {"date", QDate()}};
-    QTest::newRow("14") << 14
-                        << QVariantMap{{"sensor_number", 0u},
-                                       {"sensor_unit_code", 0},
-                                       {"sensor_range_max", 0.0f},
-                                       {"sensor_minimum_range", 0.0f}};
-    QTest::newRow("15") << 15
-                        << QVariantMap{{"PV_alarm_selection_code", 0},
-                                       {"range_max", 0.0f},
-                                       {"damping_time", 0.0f},
-                                       {"distributor_label", 0}};
-    QTest::newRow("16") << 16 << QVariantMap{{"final_assembly_number", 0u}};
+    QTest::newRow("14") << 14 << QVariantMap{{"sensor_number", 0u}, {"sensor_minimum_range", 0.0f}};
     QTest::newRow("20") << 20 << QVariantMap{{"long_tag", ""}};
     QTest::newRow("48") << 48
                         << QVariantMap{
                                {"error_code", 0}, {"device_specific_status", QByteArray()}, {"standart_status_0", 0}};
-    QTest::newRow("50") << 50 << QVariantMap{{"PV_dev_variable_code", 0}, {"QV_dev_variable_code", 0}};
 }
 
-void TestDeviceCommands::emptyAnswersWriteZeros()
+void TestDeviceCommands::shortAnswersWriteZeros()
 {
     QFETCH(int, command);
     QFETCH(QVariantMap, expected);
 
     // What was there before: replaced by zeros where the answer falls short.
-    for (const char* key : {"PV", "SV", "QV", "range_max", "damping_time", "sensor_range_max", "sensor_minimum_range",
-                            "output_current", "output_current_%"})
+    for (const char* key : {"PV", "SV", "QV", "sensor_minimum_range", "output_current"})
         m_device->setDeviceInfo(QLatin1String(key), 99.0f);
     m_device->setDeviceInfo("SV_unit_code", 7);
-    m_device->setDeviceInfo("message", QStringLiteral("old"));
     m_device->setDeviceInfo("long_tag", QStringLiteral("old"));
     m_device->setDeviceInfo("date", QDate(2020, 1, 1));
 
-    m_sim.addFault(0, emptyAnswer(command));
+    m_line.sim.addFault(0, emptyAnswer(command));
     QVERIFY(m_device->readDevice(command));
-    QCOMPARE(int(m_sim.record(2).command), command);
-    for (auto it = expected.constBegin(); it != expected.constEnd(); ++it) {
-        const QString wrong = mismatch(it.key(), m_device->deviceInfo().value(it.key()), it.value());
-        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-    }
+    QCOMPARE(int(m_line.sim.record(2).command), command);
+    const QString wrong = mismatches(m_device->deviceInfo(), expected);
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
 }
 
 void TestDeviceCommands::command3WithPVOnly()
 {
     // A device with only PV assigned answers command 3 with 9 data bytes.
-    m_sim.setParam(0, "SV_dev_variable_code", 250);
+    m_line.sim.setParam(0, "SV_dev_variable_code", 250);
     m_device->setDeviceInfo("SV_unit_code", 7);
     m_device->setDeviceInfo("SV", 1.25f);
-    m_device->setDeviceInfo("TV", 2.25f);
     QVERIFY(m_device->readDevice(3));
-    QCOMPARE(m_sim.record(2).answer.size(), 5 + 1 + 5 + 1 + 1 + 2 + 9 + 1);
-    QCOMPARE(m_device->deviceInfo().value("output_current"), QVariant(14.0f));
-    QCOMPARE(m_device->deviceInfo().value("PV_unit_code"), QVariant(12));
-    QCOMPARE(m_device->deviceInfo().value("PV"), QVariant(62.5f));
-    QCOMPARE(m_device->deviceInfo().value("SV_unit_code"), QVariant(7));
-    QCOMPARE(m_device->deviceInfo().value("SV"), QVariant(1.25f));
-    QCOMPARE(m_device->deviceInfo().value("TV"), QVariant(2.25f));
+    QCOMPARE(m_line.sim.record(2).answer.size(), 5 + 1 + 5 + 1 + 1 + 2 + 9 + 1);
+    const QString wrong = mismatches(
+        m_device->deviceInfo(),
+        {{"output_current", 14.0f}, {"PV_unit_code", 12}, {"PV", 62.5f}, {"SV_unit_code", 7}, {"SV", 1.25f}});
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
     QVERIFY(!m_device->hasDeviceInfoParam("TV_unit_code"));
     QVERIFY(!m_device->hasDeviceInfoParam("QV"));
 }
 
-void TestDeviceCommands::versionGate_data()
-{
-    QTest::addColumn<int>("command");
-    QTest::newRow("7") << 7;
-    QTest::newRow("8") << 8;
-    QTest::newRow("9") << 9;
-    QTest::newRow("20") << 20;
-    QTest::newRow("21") << 21;
-}
-
 void TestDeviceCommands::versionGate()
 {
-    QFETCH(int, command);
-
-    Device* old = addDevice(1);
+    const QList<int> gated{7, 8, 9, 20, 21};
+    Device* old = m_line.addDevice(1);
     QVERIFY(old->readDevice(0));
     QCOMPARE(old->deviceInfo().value("universal_cmd_version").toInt(), 5);
     const QVariantMap before = old->deviceInfo();
-    QVERIFY(old->readDevice(command));
-    QCOMPARE(old->messageLog().last(),
-             QStringLiteral("Device command version is 5. Command #%1 not supported").arg(command));
+    for (int command : gated) {
+        QVERIFY(old->readDevice(command));
+        QCOMPARE(old->messageLog().last(),
+                 QStringLiteral("Device command version is 5. Command #%1 not supported").arg(command));
+    }
     QCOMPARE(old->deviceInfo(), before);
     // Nothing went out between the two identifications and the fence.
-    QCOMPARE(served(old, 2), QList<int>({0, 0, 16}));
+    QCOMPARE(m_line.served(old, 2), QList<int>({0, 0, 16}));
 
     // The gate looks at the map only: told otherwise, the device is asked
     // and refuses (command not implemented).
     old->setDeviceInfo("universal_cmd_version", 7);
-    QVERIFY(!old->readDevice(command));
+    for (int command : gated)
+        QVERIFY(!old->readDevice(command));
     QCOMPARE(old->state(), 3);
-    QCOMPARE(int(m_sim.record(4).command), command);
+    QCOMPARE(m_line.served(old, 8), QList<int>({0, 0, 16, 7, 8, 9, 20, 21, 16}));
 }
 
 void TestDeviceCommands::readOfACommandNotInTheTable()
 {
-    m_sim.addFault(0, emptyAnswer(200));
+    m_line.sim.addFault(0, emptyAnswer(200));
     const QVariantMap before = m_device->deviceInfo();
     QVERIFY(!m_device->readDevice(200));
-    QCOMPARE(int(m_sim.record(2).command), 200);
+    QCOMPARE(int(m_line.sim.record(2).command), 200);
     // The device answered well: the state says so, only the result does not.
     QCOMPARE(m_device->state(), 2);
     QCOMPARE(m_device->errorCode(), 1);
     QCOMPARE(m_device->deviceInfo(), before);
-
-    // And without the spoiler the device refuses it.
-    m_sim.line().clearFaults();
-    QVERIFY(!m_device->readDevice(200));
-    QCOMPARE(m_device->errorCode(), -3);
-    QCOMPARE(m_device->errorText(), QStringLiteral("Command error (error code 64): *** command not implemented"));
 }
 
 void TestDeviceCommands::readFailureChangesNothing()
 {
     QVERIFY(m_device->readDevice(15));
     const QVariantMap before = m_device->deviceInfo();
-    Fault refusal;
-    refusal.kind = Fault::ResponseCode;
-    refusal.command = 15;
+    Fault refusal = emptyAnswer(15);
     refusal.code = 6;
     refusal.keepData = true;
-    m_sim.addFault(0, refusal);
-    m_sim.setParam(0, "range_max", 80.0);
+    m_line.sim.addFault(0, refusal);
+    m_line.sim.setParam(0, "range_max", 80.0);
     QVERIFY(!m_device->readDevice(15));
     QCOMPARE(m_device->deviceInfo(), before);
     QCOMPARE(m_device->errorCode(), -3);
@@ -413,7 +302,7 @@ void TestDeviceCommands::pollingAddressChangeStands()
     m_device->setDeviceInfo("polling_address", 5);
     m_device->setDeviceInfo("current_loop_mode", 0);
     QVERIFY(m_device->writeDevice(6));
-    QCOMPARE(m_sim.param(5, "polling_address").toInt(), 5);
+    QCOMPARE(m_line.sim.param(5, "polling_address").toInt(), 5);
     QCOMPARE(m_device->address(), 0); // a write does not move the device in the tree
 
     m_device->setDeviceInfo("polling_address", 0);
@@ -424,145 +313,106 @@ void TestDeviceCommands::pollingAddressChangeStands()
     // Frames go on to the long address, and command 0 now finds it at 5.
     QVERIFY(m_device->readDevice(1));
     QVERIFY(m_device->readDevice(0));
-    QCOMPARE(m_sim.record(4).address, hx("912a002a01"));
-    QCOMPARE(m_sim.record(5).address, hx("85"));
+    QCOMPARE(m_line.sim.record(4).address, hx("912a002a01"));
+    QCOMPARE(m_line.sim.record(5).address, hx("85"));
     QCOMPARE(m_device->state(), 2);
 }
 
 // ---------------------------------------------------------------------------
 // Writes
 
+namespace {
+
+// A row of writes(): the request data the device information makes, what the
+// answer leaves in it, whether the write counts as a change, and whether the
+// device answers with no data at all.
+void writeRow(const char* name, int command, const QVariantMap& info, const QByteArray& request, bool counts = true,
+              const QVariantMap& stored = QVariantMap(), bool empty = false)
+{
+    QTest::newRow(name) << command << info << empty << request << stored << counts;
+}
+
+} // namespace
+
 void TestDeviceCommands::writes_data()
 {
     QTest::addColumn<int>("command");
-    QTest::addColumn<QVariantMap>("simSetup");
     QTest::addColumn<QVariantMap>("info");
+    QTest::addColumn<bool>("empty");
     QTest::addColumn<QByteArray>("request");
-    QTest::addColumn<QVariantMap>("simExpected");
     QTest::addColumn<QVariantMap>("infoExpected");
     QTest::addColumn<bool>("counts");
 
-    const QVariantMap none;
-    QTest::newRow("6 polling address") << 6 << none << QVariantMap{{"polling_address", 0}, {"current_loop_mode", 0}}
-                                       << hx("0000") << QVariantMap{{"current_loop_mode", 0}} << none << true;
-    QTest::newRow("17 message") << 17 << none << QVariantMap{{"message", "Calibrated on site"}}
-                                << hx("0c130909205414480f3a04c9505820820820820820820820") << none << none << true;
-    QTest::newRow("17 message cut to 32")
-        << 17 << none << QVariantMap{{"message", "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789"}}
-        << hx("0420c41461c824a2cc34e3d04524d45565d865ac31cb3d35")
-        << QVariantMap{{"message", "ABCDEFGHIJKLMNOPQRSTUVWXYZ012345"}} << none << true;
-    // The simulated device keeps packed fields with the blanks they were padded with.
-    QTest::newRow("18 tag, descriptor, date 2026")
-        << 18 << none << QVariantMap{{"tag", "TT-101"}, {"descriptor", "Boiler feed"}, {"date", QDate(2026, 5, 20)}}
-        << hx("514b71c31820"
-              "08f24c152806145120820820"
-              "14057e")
-        << QVariantMap{{"tag", "TT-101  "}, {"descriptor", "BOILER FEED     "}, {"date", "2026-05-20"}} << none << true;
-    QTest::newRow("18 date as text from a file")
-        << 18 << none << QVariantMap{{"tag", "A"}, {"descriptor", ""}, {"date", "1999-12-31"}}
-        << hx("060820820820"
-              "820820820820820820820820"
-              "1f0c63")
-        << QVariantMap{{"tag", "A       "}, {"descriptor", "                "}, {"date", "1999-12-31"}} << none << true;
-    QTest::newRow("19 final assembly number")
-        << 19 << none << QVariantMap{{"final_assembly_number", 0x0A0B0C}} << hx("0a0b0c")
-        << QVariantMap{{"final_assembly_number", 0x0A0B0C}} << none << true;
-    QTest::newRow("22 long tag in Latin-1")
-        << 22 << none << QVariantMap{{"long_tag", QString::fromUtf8("Bomba de alimentación")}}
-        << QByteArray("Bomba de alimentaci\xF3n") + QByteArray(11, '\0')
-        << QVariantMap{{"long_tag", QString::fromUtf8("Bomba de alimentación")}} << none << true;
-    QTest::newRow("22 long tag cut to 32")
-        << 22 << none << QVariantMap{{"long_tag", "Feed water pump, north side, #02 (spare)"}}
-        << QByteArray("Feed water pump, north side, #02")
-        << QVariantMap{{"long_tag", "Feed water pump, north side, #02"}} << none << true;
-    QTest::newRow("34 damping") << 34 << none << QVariantMap{{"damping_time", 2.5f}} << hx("40200000")
-                                << QVariantMap{{"damping_time", 2.5}} << none << true;
-    QTest::newRow("35 range") << 35 << none
-                              << QVariantMap{{"range_unit_code", 12}, {"range_max", 200.0f}, {"range_min", -50.0f}}
-                              << hx("0c43480000c2480000") << QVariantMap{{"range_max", 200.0}, {"range_min", -50.0}}
-                              << none << true;
-    QTest::newRow("35 a narrow range is a warning")
-        << 35 << none << QVariantMap{{"range_unit_code", 12}, {"range_max", 12.0f}, {"range_min", 11.5f}}
-        << hx("0c4140000041380000") << QVariantMap{{"range_max", 12.0}, {"range_min", 11.5}} << none << true;
-    QTest::newRow("36 PV as upper range value")
-        << 36 << none << none << QByteArray() << QVariantMap{{"range_max", 62.5}} << none << true;
-    QTest::newRow("37 PV as lower range value")
-        << 37 << none << none << QByteArray() << QVariantMap{{"range_min", 62.5}} << none << true;
-    QTest::newRow("38 reset config changed flag: no count")
-        << 38 << none << none << hx("0000") << none << none << false;
-    QTest::newRow("40 fixed current: no count")
-        << 40 << none << QVariantMap{{"fixed_current", 12.0f}} << hx("41400000") << QVariantMap{{"fixed_current", 12.0}}
-        << QVariantMap{{"fixed_current", 12.0f}} << false;
-    QTest::newRow("41 self test: no count") << 41 << none << none << QByteArray() << none << none << false;
-    QTest::newRow("42 reset: no count") << 42 << none << none << QByteArray() << none << none << false;
-    QTest::newRow("43 adjust zero") << 43 << none << none << QByteArray() << QVariantMap{{"var_0_offset", -62.5}}
-                                    << none << true;
-    QTest::newRow("44 PV unit") << 44 << none << QVariantMap{{"input_units", 11}} << hx("0b")
-                                << QVariantMap{{"var_0_unit", 11}, {"range_unit_code", 11}} << none << true;
-    QTest::newRow("45 adjust 4 mA") << 45 << QVariantMap{{"fixed_current", 4.0}} << QVariantMap{{"adjust_4mA", 4.25f}}
-                                    << hx("40880000") << QVariantMap{{"adjust_4mA", 4.25}}
-                                    << QVariantMap{{"adjust_4mA", 4.25f}} << true;
-    QTest::newRow("46 adjust 20 mA") << 46 << QVariantMap{{"fixed_current", 20.0}}
-                                     << QVariantMap{{"adjust_20mA", 20.5f}} << hx("41a40000")
-                                     << QVariantMap{{"adjust_20mA", 20.5}} << QVariantMap{{"adjust_20mA", 20.5f}}
-                                     << true;
-    QTest::newRow("47 transfer function") << 47 << none << QVariantMap{{"conversion_function", 0}} << hx("00")
-                                          << QVariantMap{{"conversion_function", 0}} << none << true;
-    QTest::newRow("48 with nothing read yet: no count")
-        << 48 << none << none << QByteArray() << none
-        << QVariantMap{{"error_code", 0}, {"device_specific_status", hx("000000000000")}} << false;
-    QTest::newRow("49 sensor number") << 49 << none << QVariantMap{{"sensor_number", 0x010203}} << hx("010203")
-                                      << QVariantMap{{"sensor_number", 0x010203}} << none << true;
-    QTest::newRow("51 assignments") << 51 << none
-                                    << QVariantMap{{"PV_dev_variable_code", 1},
-                                                   {"SV_dev_variable_code", 0},
-                                                   {"TV_dev_variable_code", 3},
-                                                   {"QV_dev_variable_code", 2}}
-                                    << hx("01000302")
-                                    << QVariantMap{{"PV_dev_variable_code", 1},
-                                                   {"SV_dev_variable_code", 0},
-                                                   {"TV_dev_variable_code", 3},
-                                                   {"QV_dev_variable_code", 2}}
-                                    << none << true;
-    QTest::newRow("53 variable units") << 53 << none
-                                       << QVariantMap{{"dev_variable_code", 1}, {"dev_variable_limits_unit_code", 33}}
-                                       << hx("0121") << QVariantMap{{"var_1_unit", 33}} << none << true;
-    QTest::newRow("59 preambles") << 59 << none << QVariantMap{{"preambles_count", 7}} << hx("07")
-                                  << QVariantMap{{"preambles_count", 7}} << none << true;
-    QTest::newRow("129 write protection") << 129 << none << QVariantMap{{"write_protection", 1}} << hx("01")
-                                          << QVariantMap{{"write_protection", 1}} << none << true;
+    writeRow("6 polling address", 6, {{"polling_address", 0}, {"current_loop_mode", 0}}, hx("0000"));
+    writeRow("17 message", 17, {{"message", "Calibrated on site"}},
+             hx("0c130909205414480f3a04c9505820820820820820820820"));
+    writeRow("17 message cut to 32", 17, {{"message", "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789"}},
+             hx("0420c41461c824a2cc34e3d04524d45565d865ac31cb3d35"));
+    writeRow("18 tag, descriptor, date 2026", 18,
+             {{"tag", "TT-101"}, {"descriptor", "Boiler feed"}, {"date", QDate(2026, 5, 20)}},
+             hx("514b71c31820 08f24c152806145120820820 14057e"));
+    writeRow("19 final assembly number", 19, {{"final_assembly_number", 0x0A0B0C}}, hx("0a0b0c"));
+    writeRow("22 long tag in Latin-1", 22, {{"long_tag", QString::fromUtf8("Bomba de alimentación")}},
+             QByteArray("Bomba de alimentaci\xF3n") + QByteArray(11, '\0'));
+    writeRow("22 long tag cut to 32", 22, {{"long_tag", "Feed water pump, north side, #02 (spare)"}},
+             QByteArray("Feed water pump, north side, #02"));
+    writeRow("34 damping", 34, {{"damping_time", 2.5f}}, hx("40200000"));
+    writeRow("35 range", 35, {{"range_unit_code", 12}, {"range_max", 200.0f}, {"range_min", -50.0f}},
+             hx("0c43480000c2480000"));
+    writeRow("36 PV as upper range value", 36, {}, QByteArray());
+    writeRow("38 reset config changed flag: no count", 38, {}, hx("0000"), false);
+    writeRow("40 fixed current: no count", 40, {{"fixed_current", 12.0f}}, hx("41400000"), false,
+             {{"fixed_current", 12.0f}});
+    writeRow("40 answered without data: stored", 40, {{"fixed_current", 12.0f}}, hx("41400000"), false,
+             {{"fixed_current", 0.0f}}, true);
+    writeRow("41 self test: no count", 41, {}, QByteArray(), false);
+    writeRow("44 PV unit", 44, {{"input_units", 11}}, hx("0b"));
+    writeRow("45 adjust 4 mA", 45, {{"adjust_4mA", 4.25f}}, hx("40880000"), true, {{"adjust_4mA", 4.25f}});
+    writeRow("45 answered without data: stored", 45, {{"adjust_4mA", 4.25f}}, hx("40880000"), true,
+             {{"adjust_4mA", 0.0f}}, true);
+    writeRow("46 adjust 20 mA", 46, {{"adjust_20mA", 20.5f}}, hx("41a40000"), true, {{"adjust_20mA", 20.5f}});
+    writeRow("46 answered without data: stored", 46, {{"adjust_20mA", 20.5f}}, hx("41a40000"), true,
+             {{"adjust_20mA", 0.0f}}, true);
+    writeRow("47 transfer function", 47, {{"conversion_function", 0}}, hx("00"));
+    writeRow("48 with nothing read yet: no count", 48, {}, QByteArray(), false,
+             {{"error_code", 0}, {"device_specific_status", hx("000000000000")}});
+    writeRow("49 sensor number", 49, {{"sensor_number", 0x010203}}, hx("010203"));
+    const QVariantMap assignments{{"PV_dev_variable_code", 1},
+                                  {"SV_dev_variable_code", 0},
+                                  {"TV_dev_variable_code", 3},
+                                  {"QV_dev_variable_code", 2}};
+    writeRow("51 assignments", 51, assignments, hx("01000302"));
+    writeRow("53 variable units", 53, {{"dev_variable_code", 1}, {"dev_variable_limits_unit_code", 33}}, hx("0121"));
+    writeRow("59 preambles", 59, {{"preambles_count", 7}}, hx("07"));
+    writeRow("129 write protection", 129, {{"write_protection", 1}}, hx("01"));
 }
 
 void TestDeviceCommands::writes()
 {
     QFETCH(int, command);
-    QFETCH(QVariantMap, simSetup);
     QFETCH(QVariantMap, info);
+    QFETCH(bool, empty);
     QFETCH(QByteArray, request);
-    QFETCH(QVariantMap, simExpected);
     QFETCH(QVariantMap, infoExpected);
     QFETCH(bool, counts);
 
-    for (auto it = simSetup.constBegin(); it != simSetup.constEnd(); ++it)
-        m_sim.setParam(0, it.key(), it.value());
     for (auto it = info.constBegin(); it != info.constEnd(); ++it)
         m_device->setDeviceInfo(it.key(), it.value());
+    // The simulated device adjusts only at the current it puts out.
+    if (command == 45 || command == 46)
+        m_line.sim.setParam(0, "fixed_current", command == 45 ? 4.0 : 20.0);
+    if (empty)
+        m_line.sim.addFault(0, emptyAnswer(command));
     const int modifyCount = m_device->getDeviceInfoByte("modify_count");
 
     QSignalSpy errors(m_device, &Device::deviceError);
     QVERIFY(m_device->writeDevice(command));
     QCOMPARE(errors.size(), 0);
-    const hartsim::RequestRecord record = m_sim.record(2);
+    const hartsim::RequestRecord record = m_line.sim.record(2);
     QCOMPARE(int(record.command), command);
     QCOMPARE(record.data, request);
-    for (auto it = simExpected.constBegin(); it != simExpected.constEnd(); ++it) {
-        const QString wrong = simMismatch(it.key(), m_sim.param(0, it.key()), it.value());
-        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-    }
-    for (auto it = infoExpected.constBegin(); it != infoExpected.constEnd(); ++it) {
-        const QString wrong = mismatch(it.key(), m_device->deviceInfo().value(it.key()), it.value());
-        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-    }
+    const QString wrong = mismatches(m_device->deviceInfo(), infoExpected);
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
     QCOMPARE(m_device->getDeviceInfoByte("modify_count"), modifyCount + (counts ? 1 : 0));
     QCOMPARE(m_device->state(), 2);
     QVERIFY(m_device->deviceTagState() & Device::TagStateWritten);
@@ -596,13 +446,13 @@ void TestDeviceCommands::changedEcho()
     QFETCH(bool, emptyAnswer);
     QFETCH(QByteArray, request);
 
-    Device* device = pollingAddress == 0 ? m_device : addDevice(pollingAddress);
+    Device* device = pollingAddress == 0 ? m_device : m_line.addDevice(pollingAddress);
     if (device != m_device)
         QVERIFY(device->readDevice(0));
     for (auto it = info.constBegin(); it != info.constEnd(); ++it)
         device->setDeviceInfo(it.key(), it.value());
     if (emptyAnswer)
-        m_sim.addFault(pollingAddress, ::emptyAnswer(command));
+        m_line.sim.addFault(pollingAddress, ::emptyAnswer(command));
     const int modifyCount = device->getDeviceInfoByte("modify_count");
     QSignalSpy errors(device, &Device::deviceError);
 
@@ -612,60 +462,20 @@ void TestDeviceCommands::changedEcho()
     QCOMPARE(errors.first().at(0).toString(), QStringLiteral("*** cmdData != response"));
     QCOMPARE(device->messageLog().last(), QStringLiteral("*** cmdData != response"));
     QCOMPARE(device->getDeviceInfoByte("modify_count"), modifyCount);
-    const hartsim::RequestRecord record = m_sim.record(device == m_device ? 2 : 3);
+    const hartsim::RequestRecord record = m_line.sim.record(device == m_device ? 2 : 3);
     QCOMPARE(int(record.command), command);
     QCOMPARE(record.data, request);
-}
-
-void TestDeviceCommands::refusedWrite()
-{
-    // The simulated device refuses a damping above 60 s.
-    m_device->setDeviceInfo("damping_time", 75.0f);
-    const int modifyCount = m_device->getDeviceInfoByte("modify_count");
-    QVERIFY(!m_device->writeDevice(34));
-    QCOMPARE(m_device->errorCode(), -3);
-    QCOMPARE(m_device->errorText(), QStringLiteral("Command error (error code 3): *** last parameter too large"));
-    QCOMPARE(m_device->statusBytes().at(0), char(3));
-    QCOMPARE(m_device->getDeviceInfoByte("modify_count"), modifyCount);
-    QCOMPARE(m_sim.param(0, "damping_time").toDouble(), 2.5);
-    QCOMPARE(m_sim.record(2).data, hx("42960000"));
-}
-
-void TestDeviceCommands::writeProtection()
-{
-    m_sim.setParam(0, "write_protection", 1);
-    m_device->setDeviceInfo("damping_time", 4.0f);
-    const int modifyCount = m_device->getDeviceInfoByte("modify_count");
-    QSignalSpy errors(m_device, &Device::deviceError);
-    QVERIFY(!m_device->writeDevice(34));
-    QCOMPARE(m_device->errorCode(), -3);
-    QCOMPARE(m_device->state(), 3);
-    QCOMPARE(m_device->errorText(), QStringLiteral("Command error (error code 7): *** write protection mode set"));
-    QCOMPARE(m_device->statusBytes(), hx("0700"));
-    QVERIFY(m_device->messageLog().contains(QStringLiteral("Device status: [07 00]")));
-    QCOMPARE(errors.size(), 1);
-    QCOMPARE(errors.first().at(0).toString(),
-             QStringLiteral("error executing cmd=34 - Command error (error code 7): *** write protection mode set"));
-    QCOMPARE(m_device->getDeviceInfoByte("modify_count"), modifyCount);
-    QCOMPARE(m_sim.param(0, "damping_time").toDouble(), 2.5);
-
-    // Protection cannot be lifted over the line.
-    m_device->setDeviceInfo("write_protection", 0);
-    QVERIFY(!m_device->writeDevice(129));
-    QCOMPARE(m_device->errorCode(), -3);
-    QCOMPARE(m_sim.param(0, "write_protection").toInt(), 1);
 }
 
 void TestDeviceCommands::write18RenamesTheDevice()
 {
     QCOMPARE(m_device->name(), QStringLiteral("Custom_{0}"));
     m_device->setDeviceInfo("tag", QStringLiteral("TT-101"));
-    m_device->setDeviceInfo("descriptor", QString());
     m_device->setDeviceInfo("date", QDate(2026, 1, 2));
     QVERIFY(m_device->writeDevice(18));
     QCOMPARE(m_device->name(), QStringLiteral("Custom_{TT-101}"));
     // The device keeps the blanks the field was padded with.
-    QCOMPARE(m_sim.param(0, "tag").toString(), QStringLiteral("TT-101  "));
+    QCOMPARE(m_line.sim.param(0, "tag").toString(), QStringLiteral("TT-101  "));
 }
 
 void TestDeviceCommands::write38ClearsConfigurationChanged()
@@ -675,10 +485,10 @@ void TestDeviceCommands::write38ClearsConfigurationChanged()
     QCOMPARE(m_device->statusBytes(), hx("0040"));
     // Both counters went up: the device's and ours.
     QCOMPARE(m_device->getDeviceInfoByte("modify_count"), 1);
-    QCOMPARE(m_sim.param(0, "modify_count").toInt(), 1);
+    QCOMPARE(m_line.sim.param(0, "modify_count").toInt(), 1);
 
     QVERIFY(m_device->writeDevice(38));
-    QCOMPARE(m_sim.record(3).data, hx("0001"));
+    QCOMPARE(m_line.sim.record(3).data, hx("0001"));
     QCOMPARE(m_device->getDeviceInfoByte("modify_count"), 1);
     QVERIFY(m_device->readDevice(1));
     QCOMPARE(m_device->statusBytes(), hx("0000"));
@@ -686,8 +496,8 @@ void TestDeviceCommands::write38ClearsConfigurationChanged()
     // A wrong counter is refused.
     m_device->setDeviceInfo("modify_count", 5);
     QVERIFY(!m_device->writeDevice(38));
-    QCOMPARE(m_device->errorText(), QStringLiteral("Command error (error code 9): *** mismatch counter configuration "
-                                                   "change"));
+    QCOMPARE(m_device->errorText(),
+             QStringLiteral("Command error (error code 9): *** mismatch counter configuration change"));
     QCOMPARE(m_device->getDeviceInfoByte("modify_count"), 5);
 }
 
@@ -703,166 +513,119 @@ void TestDeviceCommands::commandsWithoutARow()
     QFETCH(bool, spoiled);
 
     if (spoiled)
-        m_sim.addFault(0, emptyAnswer(200));
+        m_line.sim.addFault(0, emptyAnswer(200));
     m_device->setDeviceInfo("damping_time", 9.0f);
-    const int modifyCount = m_device->getDeviceInfoByte("modify_count");
     QCOMPARE(m_device->writeDevice(200), spoiled);
-    const hartsim::RequestRecord record = m_sim.record(2);
+    const hartsim::RequestRecord record = m_line.sim.record(2);
     QCOMPARE(int(record.command), 200);
     QCOMPARE(record.data, QByteArray());
-    QCOMPARE(m_device->getDeviceInfoByte("modify_count"), modifyCount + (spoiled ? 1 : 0));
+    QCOMPARE(m_device->getDeviceInfoByte("modify_count"), spoiled ? 1 : 0);
     if (!spoiled)
         QCOMPARE(m_device->errorText(), QStringLiteral("Command error (error code 64): *** command not implemented"));
-    QCOMPARE(m_device->messageLog().contains(QStringLiteral("writing  (cmd=200)...\n")), true);
+    QVERIFY(m_device->messageLog().contains(QStringLiteral("writing  (cmd=200)...\n")));
 }
 
 void TestDeviceCommands::slotWalks_data()
 {
     QTest::addColumn<int>("command");
-    QTest::addColumn<QVariantMap>("simSetup");
     QTest::addColumn<QVariantMap>("slotCodes");
     QTest::addColumn<QByteArray>("request");
     QTest::addColumn<bool>("result");
     QTest::addColumn<QVariantMap>("expected");
     QTest::addColumn<QStringList>("absent");
 
-    const QVariantMap none;
+    const QVariantMap four{{"slot_0_unit_code", 12}, {"slot_0_value", 62.5f},  {"slot_1_unit_code", 32},
+                           {"slot_1_value", 23.5f},  {"slot_2_unit_code", 19}, {"slot_2_value", 12.0f},
+                           {"slot_3_unit_code", 57}, {"slot_3_value", 50.0f}};
     QTest::newRow("33 four slots")
-        << 33 << none << QVariantMap{{"slot_0_code", 0}, {"slot_1_code", 1}, {"slot_2_code", 2}, {"slot_3_code", 3}}
-        << hx("00010203") << true
-        << QVariantMap{{"slot_0_unit_code", 12}, {"slot_0_value", 62.5f},  {"slot_1_unit_code", 32},
-                       {"slot_1_value", 23.5f},  {"slot_2_unit_code", 19}, {"slot_2_value", 12.0f},
-                       {"slot_3_unit_code", 57}, {"slot_3_value", 50.0f}}
-        << QStringList{"slot_0_class", "slot_0_status"};
+        << 33 << QVariantMap{{"slot_0_code", 0}, {"slot_1_code", 1}, {"slot_2_code", 2}, {"slot_3_code", 3}}
+        << hx("00010203") << true << four << QStringList{"slot_0_class", "slot_0_status"};
+    const QVariantMap five{
+        {"slot_0_code", 3}, {"slot_1_code", 2}, {"slot_2_code", 1}, {"slot_3_code", 0}, {"slot_4_code", 2}};
     QTest::newRow("33 takes four of five")
-        << 33 << none
-        << QVariantMap{{"slot_0_code", 3},
-                       {"slot_1_code", 2},
-                       {"slot_2_code", 1},
-                       {"slot_3_code", 0},
-                       {"slot_4_code", 2}}
-        << hx("03020100") << true << QVariantMap{{"slot_0_value", 50.0f}, {"slot_3_value", 62.5f}}
+        << 33 << five << hx("03020100") << true << QVariantMap{{"slot_0_value", 50.0f}, {"slot_3_value", 62.5f}}
         << QStringList{"slot_4_value", "slot_4_unit_code"};
     QTest::newRow("33 250 left out, records counted as they come")
-        << 33 << none << QVariantMap{{"slot_0_code", 250}, {"slot_1_code", 1}} << hx("01") << true << none
+        << 33 << QVariantMap{{"slot_0_code", 250}, {"slot_1_code", 1}} << hx("01") << true << QVariantMap()
         << QStringList{"slot_0_value", "slot_1_value"};
-    QTest::newRow("33 250 in the middle")
-        << 33 << none << QVariantMap{{"slot_0_code", 0}, {"slot_1_code", 250}, {"slot_2_code", 2}} << hx("0002") << true
-        << QVariantMap{{"slot_0_unit_code", 12}, {"slot_0_value", 62.5f}}
-        << QStringList{"slot_1_value", "slot_2_value"};
     QTest::newRow("33 a missing key ends the list")
-        << 33 << none << QVariantMap{{"slot_0_code", 2}, {"slot_2_code", 1}} << hx("02") << true
+        << 33 << QVariantMap{{"slot_0_code", 2}, {"slot_2_code", 1}} << hx("02") << true
         << QVariantMap{{"slot_0_unit_code", 19}, {"slot_0_value", 12.0f}} << QStringList{"slot_2_value"};
-    QTest::newRow("33 no slots: no data")
-        << 33 << none << none << QByteArray() << false << none << QStringList{"slot_0_value"};
-    QTest::newRow("9 eight slots") << 9 << QVariantMap{{"extended_status", 3}}
-                                   << QVariantMap{{"slot_0_code", 0}, {"slot_1_code", 1}, {"slot_2_code", 2},
-                                                  {"slot_3_code", 3}, {"slot_4_code", 3}, {"slot_5_code", 2},
-                                                  {"slot_6_code", 1}, {"slot_7_code", 0}, {"slot_8_code", 1}}
-                                   << hx("0001020303020100") << true
-                                   << QVariantMap{{"extended_status", 3},   {"slot_0_class", 65},
-                                                  {"slot_0_unit_code", 12}, {"slot_0_value", 62.5f},
-                                                  {"slot_0_status", 0xC0},  {"slot_3_class", 0},
-                                                  {"slot_3_unit_code", 57}, {"slot_3_value", 50.0f},
-                                                  {"slot_6_class", 64},     {"slot_6_value", 23.5f},
-                                                  {"slot_7_unit_code", 12}, {"slot_7_status", 0xC0}}
-                                   << QStringList{"slot_8_value"};
-    QTest::newRow("9 250 left out")
-        << 9 << none << QVariantMap{{"slot_0_code", 1}, {"slot_1_code", 250}, {"slot_2_code", 3}} << hx("0103") << true
-        << QVariantMap{{"slot_0_class", 64}, {"slot_0_unit_code", 32}, {"slot_0_value", 23.5f}, {"slot_0_status", 0xC0}}
-        << QStringList{"slot_1_value", "slot_2_value"};
-    QTest::newRow("9 code 246 stands for PV")
-        << 9 << none << QVariantMap{{"slot_0_code", 246}} << hx("f6") << true
-        << QVariantMap{{"slot_0_class", 65}, {"slot_0_unit_code", 12}, {"slot_0_value", 62.5f}} << QStringList();
-    QTest::newRow("9 no slots: no data") << 9 << none << none << QByteArray() << false << none
+    const QVariantMap nine{{"slot_0_code", 0}, {"slot_1_code", 1}, {"slot_2_code", 2},
+                           {"slot_3_code", 3}, {"slot_4_code", 3}, {"slot_5_code", 2},
+                           {"slot_6_code", 1}, {"slot_7_code", 0}, {"slot_8_code", 1}};
+    const QVariantMap eight{{"extended_status", 3},   {"slot_0_class", 65},     {"slot_0_unit_code", 12},
+                            {"slot_0_value", 62.5f},  {"slot_0_status", 0xC0},  {"slot_3_class", 0},
+                            {"slot_3_unit_code", 57}, {"slot_3_value", 50.0f},  {"slot_6_class", 64},
+                            {"slot_6_value", 23.5f},  {"slot_7_unit_code", 12}, {"slot_7_status", 0xC0}};
+    QTest::newRow("9 eight of nine slots")
+        << 9 << nine << hx("0001020303020100") << true << eight << QStringList{"slot_8_value"};
+    const QVariantMap first{
+        {"slot_0_class", 64}, {"slot_0_unit_code", 32}, {"slot_0_value", 23.5f}, {"slot_0_status", 0xC0}};
+    QTest::newRow("9 250 left out") << 9 << QVariantMap{{"slot_0_code", 1}, {"slot_1_code", 250}, {"slot_2_code", 3}}
+                                    << hx("0103") << true << first << QStringList{"slot_1_value", "slot_2_value"};
+    QTest::newRow("9 no slots: no data") << 9 << QVariantMap() << QByteArray() << false << QVariantMap()
                                          << QStringList{"extended_status"};
 }
 
 void TestDeviceCommands::slotWalks()
 {
     QFETCH(int, command);
-    QFETCH(QVariantMap, simSetup);
     QFETCH(QVariantMap, slotCodes);
     QFETCH(QByteArray, request);
     QFETCH(bool, result);
     QFETCH(QVariantMap, expected);
     QFETCH(QStringList, absent);
 
-    for (auto it = simSetup.constBegin(); it != simSetup.constEnd(); ++it)
-        m_sim.setParam(0, it.key(), it.value());
+    if (expected.contains("extended_status"))
+        m_line.sim.setParam(0, "extended_status", expected.value("extended_status"));
     m_device->removeDeviceInfo("extended_status");
     for (auto it = slotCodes.constBegin(); it != slotCodes.constEnd(); ++it)
         m_device->setDeviceInfo(it.key(), it.value());
-    const int modifyCount = m_device->getDeviceInfoByte("modify_count");
 
     QCOMPARE(m_device->writeDevice(command), result);
-    const hartsim::RequestRecord record = m_sim.record(2);
+    const hartsim::RequestRecord record = m_line.sim.record(2);
     QCOMPARE(int(record.command), command);
     QCOMPARE(record.data, request);
-    for (auto it = expected.constBegin(); it != expected.constEnd(); ++it) {
-        const QString wrong = mismatch(it.key(), m_device->deviceInfo().value(it.key()), it.value());
-        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-    }
+    const QString wrong = mismatches(m_device->deviceInfo(), expected);
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
     for (const QString& key : absent)
         QVERIFY2(!m_device->hasDeviceInfoParam(key), qPrintable(key));
-    QCOMPARE(m_device->getDeviceInfoByte("modify_count"), modifyCount);
+    QCOMPARE(m_device->getDeviceInfoByte("modify_count"), 0);
 }
 
 void TestDeviceCommands::command54_data()
 {
-    QTest::addColumn<int>("pollingAddress");
-    QTest::addColumn<int>("variable");
-    QTest::addColumn<bool>("emptyAnswer");
-    QTest::addColumn<QVariantMap>("expected");
-
-    QTest::newRow("temperature") << 0 << 1 << false
-                                 << QVariantMap{
-                                        {"dev_variable_sensor", 2u},          {"dev_variable_limits_unit_code", 32},
-                                        {"dev_variable_usl", 85.0f},          {"dev_variable_lsl", -40.0f},
-                                        {"dev_variable_damping_value", 0.5f}, {"dev_variable_span", 1.0f},
-                                        {"dev_variable_class", 64},           {"dev_variable_family", 4}};
-    QTest::newRow("the primary variable: its sensor")
-        << 0 << 0 << false << QVariantMap{{"dev_variable_sensor", 0x2A01u},     {"dev_variable_limits_unit_code", 12},
-                                          {"dev_variable_usl", 250.0f},         {"dev_variable_lsl", -100.0f},
-                                          {"dev_variable_damping_value", 2.5f}, {"dev_variable_span", 1.0f},
-                                          {"dev_variable_class", 65},           {"dev_variable_family", 5}};
-    QTest::newRow("HART 5, level") << 1 << 3 << false
-                                   << QVariantMap{{"dev_variable_sensor", 4u},
-                                                  {"dev_variable_limits_unit_code", 57},
-                                                  {"dev_variable_usl", 100.0f},
-                                                  {"dev_variable_class", 0},
-                                                  {"dev_variable_family", 250}};
-    QTest::newRow("another variable answered: nothing stored") << 0 << 1 << true << QVariantMap();
+    QTest::addColumn<bool>("otherVariable");
+    QTest::newRow("the primary variable") << false;
+    QTest::newRow("another variable answered: nothing stored") << true;
 }
 
 void TestDeviceCommands::command54()
 {
-    QFETCH(int, pollingAddress);
-    QFETCH(int, variable);
-    QFETCH(bool, emptyAnswer);
-    QFETCH(QVariantMap, expected);
+    QFETCH(bool, otherVariable);
 
-    Device* device = pollingAddress == 0 ? m_device : addDevice(pollingAddress);
-    if (device != m_device)
-        QVERIFY(device->readDevice(0));
-    if (emptyAnswer)
-        m_sim.addFault(pollingAddress, ::emptyAnswer(54));
-    device->setDeviceInfo("dev_variable_code", variable);
-    const int modifyCount = device->getDeviceInfoByte("modify_count");
-    QVERIFY(device->writeDevice(54));
-    const hartsim::RequestRecord record = m_sim.record(device == m_device ? 2 : 3);
+    // The empty answer tells of variable 0, not of the one asked for.
+    if (otherVariable)
+        m_line.sim.addFault(0, emptyAnswer(54));
+    m_device->setDeviceInfo("dev_variable_code", otherVariable ? 1 : 0);
+    QVERIFY(m_device->writeDevice(54));
+    const hartsim::RequestRecord record = m_line.sim.record(2);
     QCOMPARE(int(record.command), 54);
-    QCOMPARE(record.data, QByteArray(1, char(variable)));
-    for (auto it = expected.constBegin(); it != expected.constEnd(); ++it) {
-        const QString wrong = mismatch(it.key(), device->deviceInfo().value(it.key()), it.value());
-        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+    QCOMPARE(record.data, hx(otherVariable ? "01" : "00"));
+    QCOMPARE(m_device->getDeviceInfoByte("modify_count"), 0);
+    QStringList stored = m_device->deviceInfo().keys().filter(QRegularExpression(QStringLiteral("^dev_variable_")));
+    stored.removeOne(QStringLiteral("dev_variable_code"));
+    if (otherVariable) {
+        QCOMPARE(stored, QStringList());
+        return;
     }
-    if (expected.isEmpty()) {
-        for (const QString& key : device->deviceInfo().keys())
-            QVERIFY2(!key.startsWith(QLatin1String("dev_variable_")) || key == QLatin1String("dev_variable_code"),
-                     qPrintable(key));
-    }
-    QCOMPARE(device->getDeviceInfoByte("modify_count"), modifyCount);
+    const QVariantMap info{{"dev_variable_sensor", 0x2A01u},     {"dev_variable_limits_unit_code", 12},
+                           {"dev_variable_usl", 250.0f},         {"dev_variable_lsl", -100.0f},
+                           {"dev_variable_damping_value", 2.5f}, {"dev_variable_span", 1.0f},
+                           {"dev_variable_class", 65},           {"dev_variable_family", 5}};
+    const QString wrong = mismatches(m_device->deviceInfo(), info);
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
 }
 
 // ---------------------------------------------------------------------------
@@ -870,7 +633,7 @@ void TestDeviceCommands::command54()
 
 void TestDeviceCommands::twoThreadsNeverInterleave()
 {
-    hartsim::SimLine& line = m_sim.line();
+    hartsim::SimLine& line = m_line.sim.line();
     QString error;
     auto second = hartsim::SimDevice::create(QStringLiteral("generic"),
                                              {{"polling_address", 2},
@@ -880,7 +643,7 @@ void TestDeviceCommands::twoThreadsNeverInterleave()
                                               {"var_0_amplitude", 0.0}},
                                              &error);
     QVERIFY2(second && line.addDevice(std::move(second), &error), qPrintable(error));
-    Device* other = addDevice(2);
+    Device* other = m_line.addDevice(2);
     QVERIFY(other->readDevice(0));
     QCOMPARE(other->hartAddress(), hx("112a000202"));
     QVERIFY(line.waitForRequests(2, 3000));
@@ -922,22 +685,16 @@ void TestDeviceCommands::twoThreadsNeverInterleave()
     const QList<hartsim::RequestRecord> log = line.requests();
     QCOMPARE(log.size(), 2 * rounds);
     int toFirst = 0;
-    int toSecond = 0;
     for (const hartsim::RequestRecord& record : log) {
         QCOMPARE(int(record.command), 1);
         QVERIFY(record.answered);
-        if (record.address == hx("912a002a01")) {
-            QCOMPARE(record.device, 0);
-            ++toFirst;
-        } else {
-            QCOMPARE(record.address, hx("912a000202"));
-            QCOMPARE(record.device, 2);
-            ++toSecond;
-        }
+        const bool first = record.address == hx("912a002a01");
+        QCOMPARE(record.address, hx(first ? "912a002a01" : "912a000202"));
+        QCOMPARE(record.device, first ? 0 : 2);
+        toFirst += first ? 1 : 0;
     }
     QCOMPARE(toFirst, rounds);
-    QCOMPARE(toSecond, rounds);
-    QCOMPARE(m_port->semaphore().available(), 1);
+    QCOMPARE(m_line.port->semaphore().available(), 1);
 }
 
 QTEST_GUILESS_MAIN(TestDeviceCommands)

@@ -1,17 +1,14 @@
 #include "debugqt.h"
 #include "device.h"
 #include "port.h"
-#include "qjsonsettings.h"
+#include "scratchdir.h"
 #include "server.h"
 #include "simulatedline.h"
 
-#include <QDir>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <cstring>
@@ -27,17 +24,16 @@ QByteArray hx(const char* hex)
     return QByteArray::fromHex(hex);
 }
 
-Fault fault(Fault::Kind kind, int command = -1)
+Fault fault(Fault::Kind kind, int code = 0)
 {
     Fault f;
     f.kind = kind;
-    f.command = command;
+    f.code = code;
     return f;
 }
 
-// The long addresses of the simulator's models with their default device ids.
+// The long address of the simulator's generic device with its default id.
 const char* const GenericAddress = "11 2A 00 2A 01";
-const char* const Hart5Address = "11 05 00 05 01";
 
 QByteArray bytesOf(float value)
 {
@@ -52,6 +48,17 @@ void collect(QtMsgType, const QMessageLogContext&, const QString& text)
     g_log << text;
 }
 
+// The debug lines written while a call runs.
+template <typename Call>
+QStringList logOf(Call call)
+{
+    g_log.clear();
+    const QtMessageHandler previous = qInstallMessageHandler(collect);
+    call();
+    qInstallMessageHandler(previous);
+    return g_log;
+}
+
 } // namespace
 
 class TestPort : public QObject
@@ -64,41 +71,18 @@ private slots:
     void cleanup();
 
     // Without a line.
-    void defaults();
-    void portTypes();
-    void baudrateIndex_data();
-    void baudrateIndex();
-    void setBaudrateByIndex_data();
-    void setBaudrateByIndex();
-    void parityIndex_data();
-    void parityIndex();
-    void setParityByIndex_data();
-    void setParityByIndex();
-    void configName_data();
-    void configName();
-    void setSerialName();
-    void serialNameUniqueOnTheServer();
+    void lineSettings();
+    void serialNames();
     void openHartFailures_data();
     void openHartFailures();
-    void bufferFromInt_data();
-    void bufferFromInt();
-    void intFromBuffer_data();
-    void intFromBuffer();
-    void floatBytes_data();
-    void floatBytes();
-    void floatFromShortBuffer_data();
-    void floatFromShortBuffer();
-    void packAscii();
+    void numbersAndText();
     void devices();
-    void deviceStates();
     void saveLoadRoundTrip();
     void loadMalformed_data();
     void loadMalformed();
 
     // With the simulator on a pseudo-terminal.
-    void openAndClose();
-    void polledDevicesKeepTheLineOpen();
-    void renamingAnOpenPortReopensIt();
+    void openCloseAndRename();
     void sendHartCommandResultCodes_data();
     void sendHartCommandResultCodes();
     void masterFlag_data();
@@ -108,35 +92,33 @@ private slots:
     void checkHartDevice();
     void checkHartDeviceByTag_data();
     void checkHartDeviceByTag();
-    void checkHartDeviceByLongTag_data();
-    void checkHartDeviceByLongTag();
-    void findHartDeviceBy73_data();
-    void findHartDeviceBy73();
+    void searchesByLongTagAnd73_data();
+    void searchesByLongTagAnd73();
 
 private:
+    // Starts the line: a generic HART 7 device at 0 and a HART 5 one at 1.
     void startLine();
-    QScopedPointer<QTemporaryDir> m_dir;
-    QString m_startDir;
+    // port on the line, open.
+    void openOnLine(Port& port);
+
+    ScratchDir m_dir;
     SimulatedLine m_sim;
 };
 
 void TestPort::initTestCase()
 {
     DebugQt::instance(0x8ED0007, nullptr);
-    m_startDir = QDir::currentPath();
 }
 
 void TestPort::init()
 {
-    m_dir.reset(new QTemporaryDir);
-    QVERIFY(m_dir->isValid());
-    QVERIFY(QDir::setCurrent(m_dir->path()));
+    QVERIFY(m_dir.enter());
 }
 
 void TestPort::cleanup()
 {
     m_sim.stop();
-    QDir::setCurrent(m_startDir);
+    m_dir.leave();
 }
 
 void TestPort::startLine()
@@ -148,215 +130,80 @@ void TestPort::startLine()
              qPrintable(error));
 }
 
+void TestPort::openOnLine(Port& port)
+{
+    startLine();
+    QVERIFY(port.setSerialName(m_sim.path()));
+    QVERIFY2(port.openHart(), qPrintable(port.errorText()));
+}
+
 // ---------------------------------------------------------------------------
 // Without a line
 
-void TestPort::defaults()
+void TestPort::lineSettings()
 {
-    Server server;
-    Port* first = server.addPort(QStringLiteral("P"));
-    QVERIFY(first);
-    auto* made = qobject_cast<Port*>(server.createChild());
-    QVERIFY(made);
-    QVERIFY(made->name().startsWith(QLatin1String("Port_")));
-    delete made;
-
-    Port port;
-    QCOMPARE(port.type(), 2);
-    QCOMPARE(port.fullName(), port.name());
-    QVERIFY(port.icon().isNull());
-    QCOMPARE(port.property("priority").toInt(), 10);
-    QCOMPARE(port.serialName(), QString());
-    QCOMPARE(port.baudrate(), 1200);
-    QCOMPARE(port.property("parity"), QVariant(QStringLiteral("O")));
-    QCOMPARE(port.parity(), QLatin1Char('O'));
-    QCOMPARE(port.dataBits(), 8);
-    QCOMPARE(port.stopBits(), 1);
-    QCOMPARE(port.closePortAfterTransaction(), false);
-    QCOMPARE(port.hart().requestTimeout(), 200);
-    QCOMPARE(port.hart().responseTimeout(), 370);
-    QCOMPARE(port.hart().byteTimeout(), 50);
-    QCOMPARE(port.hart().startPreambles(), 10);
-    QCOMPARE(port.semaphore().available(), 1);
-    QVERIFY(!port.isOpened());
-    QVERIFY(port.devices().isEmpty());
-    QVERIFY(!port.hasConnectionDevices());
-    QVERIFY(!port.hasPeriodicallyRequestedDevices());
-    QVERIFY(!port.hasArchivatedDevices());
-}
-
-void TestPort::portTypes()
-{
-    QCOMPARE(Port::portTypeToString(Port::HART), QStringLiteral("HART"));
     QCOMPARE(Port::portTypeToString(Port::MODBUS_TCP), QStringLiteral("MODBUS_TCP"));
     QCOMPARE(Port::portTypeFromString(QStringLiteral("MODBUS_TCP")), Port::MODBUS_TCP);
-    QCOMPARE(Port::portTypeFromString(QStringLiteral("HART")), Port::HART);
     QCOMPARE(Port::portTypeFromString(QStringLiteral("modbus_tcp")), Port::HART);
-    QCOMPARE(Port::portTypeFromString(QString()), Port::HART);
-}
 
-void TestPort::baudrateIndex_data()
-{
-    QTest::addColumn<int>("current");
-    QTest::addColumn<int>("asked");
-    QTest::addColumn<int>("index");
-
-    const int rates[] = {1200, 2400, 4800, 9600, 19200, 38400, 57600, 115200};
-    for (int i = 0; i < 8; ++i)
-        QTest::addRow("%d", rates[i]) << 1200 << rates[i] << i;
-    QTest::newRow("300 is unknown") << 1200 << 300 << -1;
-    QTest::newRow("0 is unknown") << 1200 << 0 << -1;
-    QTest::newRow("-1 is the current 9600") << 9600 << -1 << 3;
-    QTest::newRow("-1 is the current 300") << 300 << -1 << -1;
-}
-
-void TestPort::baudrateIndex()
-{
-    QFETCH(int, current);
-    QFETCH(int, asked);
-    QFETCH(int, index);
     Port port;
-    port.setBaudrate(current);
-    QCOMPARE(port.baudrateIndex(asked), index);
-}
+    const QList<int> rates{1200, 2400, 4800, 9600, 19200, 38400, 57600, 115200};
+    for (int i = 0; i < rates.size(); ++i) {
+        port.setBaudrateByIndex(i);
+        QCOMPARE(port.baudrate(), rates.at(i));
+        QCOMPARE(port.baudrateIndex(), i);
+        QCOMPARE(port.baudrateIndex(rates.at(i)), i);
+    }
+    QCOMPARE(port.baudrateIndex(300), -1);
+    // An index past either end gives 1200.
+    for (int index : {8, 9, -1}) {
+        port.setBaudrate(300);
+        QCOMPARE(port.baudrateIndex(), -1);
+        port.setBaudrateByIndex(index);
+        QCOMPARE(port.baudrate(), 1200);
+    }
 
-void TestPort::setBaudrateByIndex_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<int>("rate");
-
-    const int rates[] = {1200, 2400, 4800, 9600, 19200, 38400, 57600, 115200};
-    for (int i = 0; i < 8; ++i)
-        QTest::addRow("%d", i) << i << rates[i];
-    QTest::newRow("8") << 8 << 1200;
-    QTest::newRow("9") << 9 << 1200;
-    QTest::newRow("-1") << -1 << 1200;
-}
-
-void TestPort::setBaudrateByIndex()
-{
-    QFETCH(int, index);
-    QFETCH(int, rate);
-    Port port;
-    port.setBaudrate(4242);
-    port.setBaudrateByIndex(index);
-    QCOMPARE(port.baudrate(), rate);
-}
-
-void TestPort::parityIndex_data()
-{
-    QTest::addColumn<QChar>("current");
-    QTest::addColumn<QChar>("asked");
-    QTest::addColumn<int>("index");
-
-    QTest::newRow("N") << QChar('O') << QChar('N') << 1;
-    QTest::newRow("E") << QChar('O') << QChar('E') << 2;
-    QTest::newRow("O") << QChar('N') << QChar('O') << 3;
-    QTest::newRow("M") << QChar('O') << QChar('M') << 0;
-    QTest::newRow("lower case n") << QChar('O') << QChar('n') << 0;
-    QTest::newRow("blank is the current E") << QChar('E') << QChar(' ') << 2;
-    QTest::newRow("blank is the current O") << QChar('O') << QChar(' ') << 3;
-    QTest::newRow("blank is the current S") << QChar('S') << QChar(' ') << 0;
-}
-
-void TestPort::parityIndex()
-{
-    QFETCH(QChar, current);
-    QFETCH(QChar, asked);
-    QFETCH(int, index);
-    Port port;
-    port.setParity(current);
-    QCOMPARE(port.parityIndex(asked), index);
-    if (asked == QLatin1Char(' '))
+    for (const auto& [parity, index] : QList<QPair<QChar, int>>{{'N', 1}, {'E', 2}, {'O', 3}, {'M', 0}, {'n', 0}}) {
+        QCOMPARE(port.parityIndex(parity), index);
+        // A blank stands for the current setting.
+        port.setParity(parity);
         QCOMPARE(port.parityIndex(), index);
+    }
+    for (const auto& [index, parity] : QList<QPair<int, QString>>{{1, "N"}, {2, "E"}, {3, "O"}, {7, "N"}, {-1, "N"}}) {
+        port.setParity(QLatin1Char('X'));
+        port.setParityByIndex(index);
+        QCOMPARE(port.property("parity"), QVariant(parity));
+    }
+
+    QVERIFY(port.setSerialName(QStringLiteral("/dev/ttyUSB0")));
+    port.setBaudrate(9600);
+    port.setDatabits(7);
+    port.setParity(QLatin1Char('E'));
+    port.setStopbits(2);
+    QCOMPARE(port.configName(), QStringLiteral("/dev/ttyUSB0 ; 9600 ; 7E2"));
+    // A marker in the name is no place for the next value.
+    QVERIFY(port.setSerialName(QStringLiteral("/tmp/a%2b")));
+    QCOMPARE(port.configName(), QStringLiteral("/tmp/a%2b ; 9600 ; 7E2"));
 }
 
-void TestPort::setParityByIndex_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("parity");
-
-    QTest::newRow("0") << 0 << "N";
-    QTest::newRow("1") << 1 << "N";
-    QTest::newRow("2") << 2 << "E";
-    QTest::newRow("3") << 3 << "O";
-    QTest::newRow("4") << 4 << "N";
-    QTest::newRow("7") << 7 << "N";
-    QTest::newRow("-1") << -1 << "N";
-}
-
-void TestPort::setParityByIndex()
-{
-    QFETCH(int, index);
-    QFETCH(QString, parity);
-    Port port;
-    port.setParity(QLatin1Char('X'));
-    port.setParityByIndex(index);
-    QCOMPARE(port.property("parity"), QVariant(parity));
-    QCOMPARE(QString(port.parity()), parity);
-}
-
-void TestPort::configName_data()
-{
-    QTest::addColumn<QString>("serial");
-    QTest::addColumn<int>("baud");
-    QTest::addColumn<int>("databits");
-    QTest::addColumn<QChar>("parity");
-    QTest::addColumn<int>("stopbits");
-    QTest::addColumn<QString>("text");
-
-    QTest::newRow("defaults") << "" << 1200 << 8 << QChar('O') << 1 << " ; 1200 ; 8O1";
-    QTest::newRow("USB") << "/dev/ttyUSB0" << 9600 << 7 << QChar('E') << 2 << "/dev/ttyUSB0 ; 9600 ; 7E2";
-    QTest::newRow("a name with a marker") << "/tmp/a%2b" << 2400 << 8 << QChar('N') << 1 << "/tmp/a%2b ; 2400 ; 8N1";
-}
-
-void TestPort::configName()
-{
-    QFETCH(QString, serial);
-    QFETCH(int, baud);
-    QFETCH(int, databits);
-    QFETCH(QChar, parity);
-    QFETCH(int, stopbits);
-    QFETCH(QString, text);
-
-    Port port;
-    if (!serial.isEmpty())
-        QVERIFY(port.setSerialName(serial));
-    port.setBaudrate(baud);
-    port.setDatabits(databits);
-    port.setParity(parity);
-    port.setStopbits(stopbits);
-    QCOMPARE(port.configName(), text);
-}
-
-void TestPort::setSerialName()
-{
-    Port port;
-    QSignalSpy changed(&port, &Port::serialNameChanged);
-    QVERIFY(port.setSerialName(QStringLiteral("/dev/ttyS7")));
-    QCOMPARE(port.serialName(), QStringLiteral("/dev/ttyS7"));
-    QCOMPARE(changed.count(), 1);
-    // The same name again changes nothing.
-    QVERIFY(!port.setSerialName(QStringLiteral("/dev/ttyS7")));
-    QCOMPARE(changed.count(), 1);
-    QVERIFY(!port.checkUniqSerialName(QStringLiteral("/dev/ttyS7")));
-    QVERIFY(port.setSerialName(QString()));
-    QCOMPARE(changed.count(), 2);
-}
-
-void TestPort::serialNameUniqueOnTheServer()
+void TestPort::serialNames()
 {
     Server server;
     Port* first = server.addPort(QStringLiteral("First"));
     Port* second = server.addPort(QStringLiteral("Second"));
-    QVERIFY(first && second && first != second);
+    QSignalSpy changed(first, &Port::serialNameChanged);
     QVERIFY(first->setSerialName(QStringLiteral("/dev/ttyUSB0")));
-    QSignalSpy changed(second, &Port::serialNameChanged);
+    QCOMPARE(changed.count(), 1);
+    // The same name again changes nothing.
+    QVERIFY(!first->setSerialName(QStringLiteral("/dev/ttyUSB0")));
+    QCOMPARE(changed.count(), 1);
+
+    // A name another port of the server has is refused.
+    QSignalSpy secondChanged(second, &Port::serialNameChanged);
     QVERIFY(!second->checkUniqSerialName(QStringLiteral("/dev/ttyUSB0")));
     QVERIFY(!second->setSerialName(QStringLiteral("/dev/ttyUSB0")));
     QCOMPARE(second->serialName(), QString());
-    QCOMPARE(changed.count(), 0);
-    QVERIFY(second->setSerialName(QStringLiteral("/dev/ttyUSB1")));
+    QCOMPARE(secondChanged.count(), 0);
     // Once the first lets it go, the name is free.
     QVERIFY(first->setSerialName(QStringLiteral("/dev/ttyUSB2")));
     QVERIFY(second->setSerialName(QStringLiteral("/dev/ttyUSB0")));
@@ -369,7 +216,6 @@ void TestPort::openHartFailures_data()
     QTest::addColumn<QString>("text");
 
     QTest::newRow("empty name") << "" << 3 << "not such device ''";
-    QTest::newRow("missing file") << "/nonexistent/ttyHART" << 3 << "not such device '/nonexistent/ttyHART'";
     QTest::newRow("missing device") << "ttyNoSuchHART" << 3 << "not such device 'ttyNoSuchHART'";
     // A file that is there but no serial line: "<file>" stands for its path.
     QTest::newRow("not a tty") << "<file>" << 4 << "Can't open <file>!\n error code: ";
@@ -381,11 +227,8 @@ void TestPort::openHartFailures()
     QFETCH(int, code);
     QFETCH(QString, text);
 
-    const QString file = m_dir->filePath(QStringLiteral("plain.txt"));
-    QFile plain(file);
-    QVERIFY(plain.open(QIODevice::WriteOnly));
-    plain.write("not a line");
-    plain.close();
+    const QString file = m_dir.writeFile(QStringLiteral("plain.txt"), "not a line");
+    QVERIFY(!file.isEmpty());
     serial.replace(QLatin1String("<file>"), file);
     text.replace(QLatin1String("<file>"), file);
 
@@ -404,114 +247,50 @@ void TestPort::openHartFailures()
     }
 }
 
-void TestPort::bufferFromInt_data()
+void TestPort::numbersAndText()
 {
-    QTest::addColumn<int>("value");
-    QTest::addColumn<int>("size");
-    QTest::addColumn<QByteArray>("bytes");
+    // Big-endian; a size of 4 gives four bytes, 3 three, any other two.
+    const struct
+    {
+        int value;
+        int size;
+        const char* bytes;
+    } ints[] = {{0x123456, 3, "123456"},
+                {0x123456, 1, "3456"},
+                {0x12345678, 4, "12345678"},
+                {0x12345678, 5, "5678"},
+                {-2, 2, "FFFE"}};
+    for (const auto& i : ints)
+        QCOMPARE(Port::getBufferFromInt(i.value, i.size).toHex().toUpper(), QByteArray(i.bytes));
 
-    QTest::newRow("0x123456, 3") << 0x123456 << 3 << hx("12 34 56");
-    QTest::newRow("0x123456, 1") << 0x123456 << 1 << hx("34 56");
-    QTest::newRow("0x123456, 2") << 0x123456 << 2 << hx("34 56");
-    QTest::newRow("0x123456, 5") << 0x123456 << 5 << hx("34 56");
-    QTest::newRow("0x12345678, 4") << 0x12345678 << 4 << hx("12 34 56 78");
-    QTest::newRow("0x12345678, 3") << 0x12345678 << 3 << hx("34 56 78");
-    QTest::newRow("-1, 4") << -1 << 4 << hx("FF FF FF FF");
-    QTest::newRow("-2, 2") << -2 << 2 << hx("FF FE");
-    QTest::newRow("0, 0") << 0 << 0 << hx("00 00");
-}
-
-void TestPort::bufferFromInt()
-{
-    QFETCH(int, value);
-    QFETCH(int, size);
-    QFETCH(QByteArray, bytes);
-    QCOMPARE(Port::getBufferFromInt(value, size).toHex(' '), bytes.toHex(' '));
-}
-
-void TestPort::intFromBuffer_data()
-{
-    QTest::addColumn<QByteArray>("buffer");
-    QTest::addColumn<int>("offset");
-    QTest::addColumn<int>("size");
-    QTest::addColumn<int>("value");
-
+    // size bytes are taken, and as many as the size says read: a byte past
+    // those taken or the buffer is 0, so one byte taken is the high one of two.
     const QByteArray buffer = hx("12 34 56 78");
-    QTest::newRow("4 at 0") << buffer << 0 << 4 << 0x12345678;
-    QTest::newRow("3 at 1") << buffer << 1 << 3 << 0x345678;
-    QTest::newRow("2 at 2") << buffer << 2 << 2 << 0x5678;
-    QTest::newRow("2 at 3: past the end is 0") << buffer << 3 << 2 << 0x7800;
-    QTest::newRow("4 at 2: past the end is 0") << buffer << 2 << 4 << 0x56780000;
-    // One byte is taken and two are read: the byte is the high one.
-    QTest::newRow("1 at 0") << buffer << 0 << 1 << 0x1200;
-    QTest::newRow("5 at 0: three read") << buffer << 0 << 5 << 0x123456;
-    QTest::newRow("0 at 0") << buffer << 0 << 0 << 0;
-    QTest::newRow("offset at the end") << buffer << 4 << 2 << 0;
-    QTest::newRow("offset far out") << buffer << 1000 << 4 << 0;
-    QTest::newRow("negative offset") << buffer << -1 << 2 << 0;
-    QTest::newRow("empty buffer") << QByteArray() << 0 << 4 << 0;
-    QTest::newRow("unsigned 2 bytes") << hx("FF FE") << 0 << 2 << 0xFFFE;
-    QTest::newRow("4 bytes, negative") << hx("FF FF FF FE") << 0 << 4 << -2;
-}
+    const struct
+    {
+        int offset;
+        int size;
+        int value;
+    } reads[] = {{0, 4, 0x12345678}, {1, 3, 0x345678}, {3, 2, 0x7800}, {0, 1, 0x1200},
+                 {0, 5, 0x123456},   {1000, 4, 0},     {-1, 2, 0}};
+    for (const auto& r : reads)
+        QCOMPARE(Port::getIntFromBufferByOffset(buffer, r.offset, r.size), r.value);
+    QCOMPARE(Port::getIntFromBufferByOffset(hx("FF FF FF FE"), 0, 4), -2);
 
-void TestPort::intFromBuffer()
-{
-    QFETCH(QByteArray, buffer);
-    QFETCH(int, offset);
-    QFETCH(int, size);
-    QFETCH(int, value);
-    QCOMPARE(Port::getIntFromBufferByOffset(buffer, offset, size), value);
-}
+    for (const auto& [value, bytes] :
+         QList<QPair<float, QByteArray>>{{1.0f, hx("3F 80 00 00")}, {-273.15f, hx("C3 88 93 33")}}) {
+        const QByteArray buffer = Port::getBufferFromFloat(value);
+        QCOMPARE(buffer.toHex(' '), bytes.toHex(' '));
+        // Back again, bit for bit, at offset 0 and further in.
+        QCOMPARE(bytesOf(Port::getFloatFromBufferByOffset(buffer, 0)).toHex(), bytesOf(value).toHex());
+        QCOMPARE(bytesOf(Port::getFloatFromBufferByOffset(hx("AA BB") + buffer + hx("CC"), 2)).toHex(),
+                 bytesOf(value).toHex());
+    }
+    // Bytes outside the buffer count as 0.
+    QCOMPARE(Port::getFloatFromBufferByOffset(hx("3F 80"), 0), 1.0f);
+    QCOMPARE(Port::getFloatFromBufferByOffset(hx("3F 80 00 00"), 100000), 0.0f);
+    QCOMPARE(Port::getFloatFromBufferByOffset(hx("3F 80 00 00"), -2), 0.0f);
 
-void TestPort::floatBytes_data()
-{
-    QTest::addColumn<float>("value");
-    QTest::addColumn<QByteArray>("bytes");
-
-    QTest::newRow("1.0") << 1.0f << hx("3F 80 00 00");
-    QTest::newRow("-2.5") << -2.5f << hx("C0 20 00 00");
-    QTest::newRow("0.1") << 0.1f << hx("3D CC CC CD");
-    QTest::newRow("0") << 0.0f << hx("00 00 00 00");
-    QTest::newRow("-273.15") << -273.15f << hx("C3 88 93 33");
-    QTest::newRow("1e30") << 1e30f << hx("71 49 F2 CA");
-}
-
-void TestPort::floatBytes()
-{
-    QFETCH(float, value);
-    QFETCH(QByteArray, bytes);
-    const QByteArray buffer = Port::getBufferFromFloat(value);
-    QCOMPARE(buffer.toHex(' '), bytes.toHex(' '));
-    // Back again, bit for bit, at offset 0 and further in.
-    QCOMPARE(bytesOf(Port::getFloatFromBufferByOffset(buffer, 0)).toHex(), bytesOf(value).toHex());
-    QCOMPARE(bytesOf(Port::getFloatFromBufferByOffset(hx("AA BB") + buffer + hx("CC"), 2)).toHex(),
-             bytesOf(value).toHex());
-}
-
-void TestPort::floatFromShortBuffer_data()
-{
-    QTest::addColumn<QByteArray>("buffer");
-    QTest::addColumn<int>("offset");
-    QTest::addColumn<float>("value");
-
-    // Bytes past the end count as 0.
-    QTest::newRow("two bytes of 1.0") << hx("3F 80") << 0 << 1.0f;
-    QTest::newRow("offset at the end") << hx("3F 80 00 00") << 4 << 0.0f;
-    QTest::newRow("offset far out") << hx("3F 80 00 00") << 100000 << 0.0f;
-    QTest::newRow("negative offset") << hx("3F 80 00 00") << -2 << 0.0f;
-    QTest::newRow("empty") << QByteArray() << 0 << 0.0f;
-}
-
-void TestPort::floatFromShortBuffer()
-{
-    QFETCH(QByteArray, buffer);
-    QFETCH(int, offset);
-    QFETCH(float, value);
-    QCOMPARE(Port::getFloatFromBufferByOffset(buffer, offset), value);
-}
-
-void TestPort::packAscii()
-{
     Port port;
     // Upper case first; the size is not looked at.
     QCOMPARE(port.packAscii(QStringLiteral("abcd"), 8).toHex(' '), hx("04 20 C4").toHex(' '));
@@ -522,83 +301,50 @@ void TestPort::packAscii()
 void TestPort::devices()
 {
     Port port;
-    port.setName(QStringLiteral("Line"));
     QSignalSpy modified(&port, &ServerItem::modified);
-
-    Device* made = port.createDevice(QStringLiteral("QP-1C"));
-    QVERIFY(made);
-    QCOMPARE(made->deviceTemplateName(), QStringLiteral("QP-1C"));
-    QVERIFY(made->port() == &port);
-    emit made->modified();
-    QCOMPARE(modified.count(), 1);
-    delete made;
-
-    Device* first = port.addDevice(QStringLiteral("First"), QStringLiteral("General"), -1);
-    QVERIFY(first);
+    Device* first = port.addDevice(QStringLiteral("First"), QStringLiteral("Unknown"), -1);
     first->setAddress(4);
-    Device* second = port.addDevice(QStringLiteral("Second"), QStringLiteral("Unknown"), 0);
-    QVERIFY(second);
+    Device* second = port.addDevice(QStringLiteral("Second"), QStringLiteral("Custom"), 0);
     second->setAddress(9);
-    QCOMPARE(second->deviceTemplateName(), QStringLiteral("Unknown"));
+    QCOMPARE(second->deviceTemplateName(), QStringLiteral("Custom"));
+    QVERIFY(second->port() == &port);
     QCOMPARE(port.devices(), (QList<Device*>{second, first}));
+    QCOMPARE(port.deviceIds(), (QStringList{second->name(), first->name()}));
     QVERIFY(port.device(first->name()) == first);
-    QVERIFY(port.device(second->name()) == second);
     QVERIFY(port.device(QStringLiteral("nobody")) == nullptr);
-    QVERIFY(port.device(4) == first);
     QVERIFY(port.device(9) == second);
     QVERIFY(port.device(5) == nullptr);
-    QCOMPARE(port.deviceIds().size(), 2);
-    QVERIFY(port.deviceIds().contains(first->name()));
-    QVERIFY(port.deviceIds().contains(second->name()));
-
     // A change in a device reaches the port.
-    modified.clear();
     emit first->modified();
     QCOMPARE(modified.count(), 1);
 
+    QVERIFY(!port.hasPeriodicallyRequestedDevices());
+    QVERIFY(!port.hasArchivatedDevices());
+    first->setDeviceTagState(Device::TagStateNone | Device::TagStatePolled);
+    second->setDeviceTagState(Device::TagStateRead | Device::TagStateArchived);
+    QVERIFY(port.hasPeriodicallyRequestedDevices());
+    QVERIFY(port.hasArchivatedDevices());
+    first->setDeviceTagState(Device::TagStateRead | Device::TagStateWritten | Device::TagStateChanged);
+    QVERIFY(!port.hasPeriodicallyRequestedDevices());
+    // Identified devices are the ones with a connection.
+    QVERIFY(!port.hasConnectionDevices());
+    QVERIFY(second->load({{"parameters", QVariantMap{{"deviceID", "0x00h 0x2Ah 0x01h"},
+                                                     {"address", "0x11h 0x2Ah 0x00h 0x2Ah 0x01h"}}}}));
+    QCOMPARE(port.connectionDevices(), QList<Device*>{second});
+    QVERIFY(port.hasConnectionDevices());
+
     port.removeDevice(QStringLiteral("nobody"));
-    QCOMPARE(port.devices().size(), 2);
     port.removeDevice(second->name());
     QCOMPARE(port.devices(), QList<Device*>{first});
-
     // Children made by the tree are devices too.
     QVERIFY(port.insertChildren(0, 1));
     QCOMPARE(port.devices().size(), 2);
-}
-
-void TestPort::deviceStates()
-{
-    Port port;
-    Device* polled = port.addDevice(QStringLiteral("A"), QString(), -1);
-    Device* archived = port.addDevice(QStringLiteral("B"), QString(), -1);
-    QVERIFY(!port.hasPeriodicallyRequestedDevices());
-    QVERIFY(!port.hasArchivatedDevices());
-    polled->setDeviceTagState(Device::TagStateNone | Device::TagStatePolled);
-    QVERIFY(port.hasPeriodicallyRequestedDevices());
-    QVERIFY(!port.hasArchivatedDevices());
-    archived->setDeviceTagState(Device::TagStateRead | Device::TagStateArchived);
-    QVERIFY(port.hasArchivatedDevices());
-    polled->setDeviceTagState(Device::TagStateRead | Device::TagStateWritten | Device::TagStateChanged);
-    QVERIFY(!port.hasPeriodicallyRequestedDevices());
-
-    // Identified devices are the ones with a connection.
-    QVERIFY(!port.hasConnectionDevices());
-    QVariantMap map = archived->save();
-    QVariantMap parameters = map.value(QStringLiteral("parameters")).toMap();
-    parameters.insert(QStringLiteral("deviceID"), QStringLiteral("0x00h 0x2Ah 0x01h"));
-    parameters.insert(QStringLiteral("address"), QStringLiteral("0x11h 0x2Ah 0x00h 0x2Ah 0x01h"));
-    map.insert(QStringLiteral("parameters"), parameters);
-    QVERIFY(archived->load(map));
-    QVERIFY(archived->isIdentified());
-    QVERIFY(port.hasConnectionDevices());
-    QCOMPARE(port.connectionDevices(), QList<Device*>{archived});
 }
 
 void TestPort::saveLoadRoundTrip()
 {
     Server server;
     Port* port = server.addPort(QStringLiteral("Line A"));
-    QVERIFY(port);
     port->setProperty("enabled", false);
     port->setProperty("priority", 3);
     QVERIFY(port->setSerialName(QStringLiteral("/dev/ttyUSB3")));
@@ -611,89 +357,44 @@ void TestPort::saveLoadRoundTrip()
     port->hart().setByteTimeout(80);
     port->setClosePortAfterTransaction(true);
     port->hart().setStartPreambles(20);
-    Device* first = port->addDevice(QStringLiteral("Dev A"), QStringLiteral("TCV-C"), -1);
+    Device* first = port->addDevice(QStringLiteral("Dev A"), QStringLiteral("Custom"), -1);
     first->setAddress(2);
     first->setDeviceInfo(QStringLiteral("tag"), QStringLiteral("TT-1"));
-    Device* second = port->addDevice(QStringLiteral("Dev B"), QStringLiteral("General"), -1);
+    Device* second = port->addDevice(QStringLiteral("Dev B"), QStringLiteral("Other"), -1);
     second->setAddress(5);
     second->setComment(QStringLiteral("spare"));
     // Loading names a device after its template and tag or address.
     first->updateDeviceName();
     second->updateDeviceName();
     const QVariantMap saved = port->save();
+    const QVariantList devices{first->save(), second->save()};
+    const QVariantMap expected = {{"name", "Line_A"},
+                                  {"enabled", false},
+                                  {"priority", 3},
+                                  {"serial_name", "/dev/ttyUSB3"},
+                                  {"baudrate", 9600},
+                                  {"parity", "E"},
+                                  {"databits", 7},
+                                  {"stopbits", 2},
+                                  {"request_timeout", 250},
+                                  {"response_timeout", 600},
+                                  {"byte_timeout", 80},
+                                  {"close_port_after_transaction", true},
+                                  {"initial_number_of_preambles", 20},
+                                  {"devices", devices}};
+    QCOMPARE(saved, expected);
 
-    const QStringList keys{"name",
-                           "enabled",
-                           "priority",
-                           "serial_name",
-                           "baudrate",
-                           "parity",
-                           "databits",
-                           "stopbits",
-                           "request_timeout",
-                           "response_timeout",
-                           "byte_timeout",
-                           "close_port_after_transaction",
-                           "initial_number_of_preambles",
-                           "devices"};
-    QStringList sortedKeys = keys;
-    sortedKeys.sort();
-    QCOMPARE(QStringList(saved.keys()), sortedKeys);
-
-    {
-        QJsonSettings settings(QStringLiteral("calvane.cfg"));
-        settings.setValue(QStringLiteral("srv"), QVariantMap{{QStringLiteral("ports"), QVariantList{saved}}});
-        settings.sync();
-        QCOMPARE(settings.status(), QSettings::NoError);
-    }
-
-    // In the file: the parity is a text of one character, the devices a list.
-    QFile file(QStringLiteral("calvane.cfg"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QJsonObject object = QJsonDocument::fromJson(file.readAll())
-                                   .object()
-                                   .value(QStringLiteral("srv"))
-                                   .toObject()
-                                   .value(QStringLiteral("ports"))
-                                   .toArray()
-                                   .at(0)
-                                   .toObject();
+    // In the file the parity is a text of one character, the devices a list.
+    QByteArray text;
+    const QVariantMap read = m_dir.throughConfigFile(QStringLiteral("port"), saved, &text).toMap();
+    const QJsonObject object = QJsonDocument::fromJson(text).object().value(QStringLiteral("port")).toObject();
     QCOMPARE(object.value(QStringLiteral("parity")).toString(), QStringLiteral("E"));
     QCOMPARE(object.value(QStringLiteral("devices")).toArray().size(), 2);
-    QCOMPARE(object.value(QStringLiteral("initial_number_of_preambles")).toInt(), 20);
-
-    // Read a copy: QSettings would otherwise serve its cache of the file.
-    QVERIFY(QFile::copy(QStringLiteral("calvane.cfg"), QStringLiteral("copy.cfg")));
-    const QVariantList ports =
-        QJsonSettings(QStringLiteral("copy.cfg")).value(QStringLiteral("srv")).toMap().value("ports").toList();
-    QCOMPARE(ports.size(), 1);
-    const QVariantMap read = ports.at(0).toMap();
 
     Server other;
-    Port* back = other.addPort(read.value(QStringLiteral("name")).toString());
-    QVERIFY(back);
+    Port* back = other.addPort(QStringLiteral("Somewhere"));
     QVERIFY(back->load(read));
-    QCOMPARE(back->name(), QStringLiteral("Line_A"));
-    QCOMPARE(back->isEnabled(), false);
-    QCOMPARE(back->property("priority").toInt(), 3);
-    QCOMPARE(back->serialName(), QStringLiteral("/dev/ttyUSB3"));
-    QCOMPARE(back->baudrate(), 9600);
-    QCOMPARE(back->parity(), QLatin1Char('E'));
-    QCOMPARE(back->dataBits(), 7);
-    QCOMPARE(back->stopBits(), 2);
-    QCOMPARE(back->hart().requestTimeout(), 250);
-    QCOMPARE(back->hart().responseTimeout(), 600);
-    QCOMPARE(back->hart().byteTimeout(), 80);
-    QCOMPARE(back->closePortAfterTransaction(), true);
-    QCOMPARE(back->hart().startPreambles(), 20);
-    QCOMPARE(back->devices().size(), 2);
-    QCOMPARE(back->devices().at(0)->deviceTemplateName(), QStringLiteral("TCV-C"));
-    QCOMPARE(back->devices().at(0)->address(), 2);
-    QCOMPARE(back->devices().at(0)->name(), first->name());
-    QCOMPARE(back->devices().at(1)->deviceTemplateName(), QStringLiteral("General"));
-    QCOMPARE(back->devices().at(1)->comment(), QStringLiteral("spare"));
-    QCOMPARE(back->devices().at(1)->name(), second->name());
-    // The devices come back with the port.
+    // Everything, the devices too, comes back.
     QCOMPARE(back->save(), saved);
 }
 
@@ -706,14 +407,10 @@ void TestPort::loadMalformed_data()
 
     const QVariant asNew;
     QTest::newRow("nothing") << QVariantMap() << "baudrate" << asNew << QVariant(true);
-    QTest::newRow("no devices") << QVariantMap() << "devices" << QVariant(0) << QVariant(true);
     QTest::newRow("devices a text") << QVariantMap{{"devices", "x"}} << "devices" << QVariant(0) << QVariant(false);
-    QTest::newRow("devices a map") << QVariantMap{{"devices", QVariantMap{{"name", "D"}}}} << "devices" << QVariant(0)
-                                   << QVariant(false);
     QTest::newRow("device entries that are no maps")
-        << QVariantMap{{"devices",
-                        QVariantList{"x", 5, QVariantMap{{"name", "D"}, {"template", "General"}}, QVariantList{}}}}
-        << "devices" << QVariant(1) << QVariant(false);
+        << QVariantMap{{"devices", QVariantList{"x", 5, QVariantMap{{"name", "D"}}, QVariantList{}}}} << "devices"
+        << QVariant(1) << QVariant(false);
     QTest::newRow("device entry with wrong types")
         << QVariantMap{{"devices", QVariantList{QVariantMap{{"name", 5},
                                                             {"template", QVariantList{}},
@@ -728,51 +425,15 @@ void TestPort::loadMalformed_data()
         << QVariantMap{{"request_timeout", "abc"}} << "request_timeout" << QVariant(200) << QVariant(false);
     QTest::newRow("request timeout 0") << QVariantMap{{"request_timeout", 0}} << "request_timeout" << QVariant(200)
                                        << QVariant(true);
-    QTest::newRow("request timeout 90") << QVariantMap{{"request_timeout", 90}} << "request_timeout" << QVariant(90)
-                                        << QVariant(true);
     QTest::newRow("response timeout negative")
         << QVariantMap{{"response_timeout", -5}} << "response_timeout" << QVariant(370) << QVariant(true);
-    QTest::newRow("response timeout 500")
-        << QVariantMap{{"response_timeout", 500}} << "response_timeout" << QVariant(500) << QVariant(true);
-    QTest::newRow("response timeout as text")
-        << QVariantMap{{"response_timeout", "450"}} << "response_timeout" << QVariant(450) << QVariant(true);
-    QTest::newRow("byte timeout a list") << QVariantMap{{"byte_timeout", QVariantList{1}}} << "byte_timeout"
-                                         << QVariant(50) << QVariant(false);
-    QTest::newRow("baud rate a text") << QVariantMap{{"baudrate", "fast"}} << "baudrate" << asNew << QVariant(false);
-    QTest::newRow("baud rate 9600") << QVariantMap{{"baudrate", 9600}} << "baudrate" << QVariant(9600)
-                                    << QVariant(true);
     QTest::newRow("baud rate negative") << QVariantMap{{"baudrate", -9600}} << "baudrate" << asNew << QVariant(false);
-    QTest::newRow("parity empty") << QVariantMap{{"parity", ""}} << "parity" << asNew << QVariant(false);
     QTest::newRow("parity too long") << QVariantMap{{"parity", "Even"}} << "parity" << asNew << QVariant(false);
-    QTest::newRow("parity a list") << QVariantMap{{"parity", QVariantList{"E"}}} << "parity" << asNew
-                                   << QVariant(false);
-    QTest::newRow("parity E") << QVariantMap{{"parity", "E"}} << "parity" << QVariant("E") << QVariant(true);
-    QTest::newRow("data bits a map") << QVariantMap{{"databits", QVariantMap()}} << "databits" << asNew
-                                     << QVariant(false);
-    QTest::newRow("stop bits 2") << QVariantMap{{"stopbits", 2}} << "stopbits" << QVariant(2) << QVariant(true);
-    QTest::newRow("priority a map") << QVariantMap{{"priority", QVariantMap()}} << "priority" << asNew
-                                    << QVariant(false);
-    QTest::newRow("enabled a word") << QVariantMap{{"enabled", "yes"}} << "enabled" << asNew << QVariant(false);
-    QTest::newRow("enabled false") << QVariantMap{{"enabled", false}} << "enabled" << QVariant(false) << QVariant(true);
-    QTest::newRow("close after 1") << QVariantMap{{"close_port_after_transaction", 1}} << "close_port_after_transaction"
-                                   << QVariant(true) << QVariant(true);
-    QTest::newRow("close after a list") << QVariantMap{{"close_port_after_transaction", QVariantList{}}}
-                                        << "close_port_after_transaction" << asNew << QVariant(false);
     QTest::newRow("preambles 0") << QVariantMap{{"initial_number_of_preambles", 0}} << "initial_number_of_preambles"
                                  << QVariant(10) << QVariant(true);
-    QTest::newRow("preambles a text") << QVariantMap{{"initial_number_of_preambles", "abc"}}
-                                      << "initial_number_of_preambles" << QVariant(10) << QVariant(false);
-    QTest::newRow("preambles 7") << QVariantMap{{"initial_number_of_preambles", 7}} << "initial_number_of_preambles"
-                                 << QVariant(7) << QVariant(true);
-    QTest::newRow("serial name a list") << QVariantMap{{"serial_name", QVariantList{"/dev/x"}}} << "serial_name"
-                                        << asNew << QVariant(false);
-    QTest::newRow("serial name") << QVariantMap{{"serial_name", "/dev/ttyS3"}} << "serial_name"
-                                 << QVariant("/dev/ttyS3") << QVariant(true);
     QTest::newRow("serial name of another port")
         << QVariantMap{{"serial_name", "/dev/taken"}} << "serial_name" << asNew << QVariant(false);
     QTest::newRow("name empty") << QVariantMap{{"name", ""}} << "name" << asNew << QVariant(true);
-    QTest::newRow("name a map") << QVariantMap{{"name", QVariantMap()}} << "name" << asNew << QVariant(false);
-    QTest::newRow("name") << QVariantMap{{"name", "Line 9"}} << "name" << QVariant("Line_9") << QVariant(true);
 }
 
 void TestPort::loadMalformed()
@@ -805,49 +466,28 @@ void TestPort::loadMalformed()
 // ---------------------------------------------------------------------------
 // With the simulator
 
-void TestPort::openAndClose()
+void TestPort::openCloseAndRename()
 {
-    startLine();
     Port port;
-    QVERIFY(port.setSerialName(m_sim.path()));
-    QVERIFY(!port.isOpened());
-    QVERIFY2(port.openHart(), qPrintable(port.errorText()));
+    openOnLine(port);
     QVERIFY(port.isOpened());
     port.closeHart();
     QVERIFY(!port.isOpened());
-    QVERIFY(port.openHart());
-    QVERIFY(port.isOpened());
-}
 
-void TestPort::polledDevicesKeepTheLineOpen()
-{
-    startLine();
-    Port port;
-    QVERIFY(port.setSerialName(m_sim.path()));
-    Device* device = port.addDevice(QStringLiteral("D"), QString(), -1);
+    // Devices polled periodically keep the line open.
     QVERIFY(port.openHart());
+    Device* device = port.addDevice(QStringLiteral("D"), QString(), -1);
     device->setDeviceTagState(Device::TagStateNone | Device::TagStatePolled);
     port.closeHart();
     QVERIFY(port.isOpened());
     device->setDeviceTagState(Device::TagStateNone);
-    port.closeHart();
-    QVERIFY(!port.isOpened());
-}
 
-void TestPort::renamingAnOpenPortReopensIt()
-{
-    startLine();
-    Port port;
-    QVERIFY(port.setSerialName(m_sim.path()));
-    QVERIFY(port.openHart());
+    // A new name reopens an open port on the new line.
     QVERIFY(port.setSerialName(QStringLiteral("/nonexistent/ttyHART")));
     QVERIFY(!port.isOpened());
     QCOMPARE(port.errorCode(), 3);
     // A closed port stays closed under a new name.
     QVERIFY(port.setSerialName(m_sim.path()));
-    QVERIFY(!port.isOpened());
-    QVERIFY(port.openHart());
-    QVERIFY(port.setSerialName(m_sim.path() + QStringLiteral("/")));
     QVERIFY(!port.isOpened());
 }
 
@@ -858,15 +498,13 @@ void TestPort::sendHartCommandResultCodes_data()
     QTest::addColumn<int>("code");
     QTest::addColumn<QString>("error");
 
-    Fault writeProtected = fault(Fault::ResponseCode);
-    writeProtected.code = 7;
     QTest::newRow("good") << fault(Fault::Delay) << true << 1 << QString();
     QTest::newRow("no answer: a port error") << fault(Fault::NoAnswer) << false << 4 << "Response timeout (370ms)";
     QTest::newRow("wrong checksum") << fault(Fault::BadChecksum) << false << -1
                                     << "Response command parsing error: *** Checksum is wrong!";
     QTest::newRow("other command") << fault(Fault::WrongCommand) << false << -2
                                    << "Invalid command response: *** command number check error:  1 / 2";
-    QTest::newRow("device error") << writeProtected << false << -3
+    QTest::newRow("device error") << fault(Fault::ResponseCode, 7) << false << -3
                                   << "Command error (error code 7): *** write protection mode set";
 }
 
@@ -877,13 +515,10 @@ void TestPort::sendHartCommandResultCodes()
     QFETCH(int, code);
     QFETCH(QString, error);
 
-    startLine();
     Port port;
-    QVERIFY(port.setSerialName(m_sim.path()));
-    QVERIFY(port.openHart());
+    openOnLine(port);
     QByteArray response;
     QVERIFY(port.sendHartCommand(hx(GenericAddress), 0, QByteArray(), response)); // past the cold start
-    QCOMPARE(port.errorCode(), 1);
 
     m_sim.addFault(0, spoiler);
     response = QByteArray("untouched");
@@ -904,57 +539,46 @@ void TestPort::sendHartCommandResultCodes()
 
 void TestPort::masterFlag_data()
 {
-    QTest::addColumn<int>("setting"); // 0 no server, 1 primary, 2 secondary
+    QTest::addColumn<bool>("onServer");
     QTest::addColumn<bool>("primary");
 
-    QTest::newRow("without a server") << 0 << true;
-    QTest::newRow("primary") << 1 << true;
-    QTest::newRow("secondary") << 2 << false;
+    QTest::newRow("without a server: primary") << false << true;
+    QTest::newRow("secondary server") << true << false;
 }
 
 void TestPort::masterFlag()
 {
-    QFETCH(int, setting);
+    QFETCH(bool, onServer);
     QFETCH(bool, primary);
 
-    startLine();
     Server server;
-    server.setPrimaryMaster(setting != 2);
-    QScopedPointer<Port> alone(setting == 0 ? new Port : nullptr);
-    Port* port = setting == 0 ? alone.data() : server.addPort(QStringLiteral("P"));
-    QVERIFY(port->setSerialName(m_sim.path()));
-    QVERIFY(port->openHart());
+    server.setPrimaryMaster(primary);
+    QScopedPointer<Port> alone(onServer ? nullptr : new Port);
+    Port* port = onServer ? server.addPort(QStringLiteral("P")) : alone.data();
+    openOnLine(*port);
     QByteArray response;
     QVERIFY(port->sendHartCommand(hx(GenericAddress), 1, QByteArray(), response));
     QVariantMap info;
     QVERIFY(port->checkHartDevice(0, info));
-    const hartsim::RequestRecord first = m_sim.record(1);
-    const hartsim::RequestRecord second = m_sim.record(2);
-    QCOMPARE(first.command, quint8(1));
-    QCOMPARE(first.primaryMaster, primary);
-    QCOMPARE(second.command, quint8(0));
-    QCOMPARE(second.primaryMaster, primary);
+    QCOMPARE(m_sim.record(1).primaryMaster, primary);
+    QCOMPARE(m_sim.record(2).command, quint8(0));
+    QCOMPARE(m_sim.record(2).primaryMaster, primary);
 }
 
 void TestPort::statusByte()
 {
-    startLine();
     Port port;
-    QVERIFY(port.setSerialName(m_sim.path()));
-    QVERIFY(port.openHart());
+    openOnLine(port);
     QCOMPARE(port.statusByte(0), 0);
     QByteArray response;
     QVERIFY(port.sendHartCommand(hx(GenericAddress), 0, QByteArray(), response));
-    QCOMPARE(port.statusByte(0), 0);
     QCOMPARE(port.statusByte(1), 0x20); // cold start
     QCOMPARE(port.statusByte(2), 0);
     QCOMPARE(port.statusByte(-1), 0);
     QCOMPARE(port.statusText(), QStringList{QStringLiteral("*** Cold start")});
 
     // A communication error reported by the device: the byte is signed.
-    Fault parity = fault(Fault::ResponseCode);
-    parity.code = 0xC0;
-    m_sim.addFault(0, parity);
+    m_sim.addFault(0, fault(Fault::ResponseCode, 0xC0));
     QVERIFY(!port.sendHartCommand(hx(GenericAddress), 1, QByteArray(), response));
     QCOMPARE(port.errorCode(), -3);
     QCOMPARE(port.statusByte(0), -64);
@@ -963,56 +587,47 @@ void TestPort::statusByte()
 void TestPort::checkHartDevice_data()
 {
     QTest::addColumn<int>("pollingAddress");
-    QTest::addColumn<bool>("open");
+    QTest::addColumn<QString>("how"); // "open", "closed", or "short" for an answer without data
     QTest::addColumn<bool>("ok");
     QTest::addColumn<int>("state");
-    QTest::addColumn<int>("code");
     QTest::addColumn<QString>("error");
-    QTest::addColumn<QByteArray>("longAddress");
 
-    QTest::newRow("generic at 0") << 0 << true << true << int(ServerItem::StateGood) << 1 << QString()
-                                  << hx(GenericAddress);
-    QTest::newRow("HART 5 at 1") << 1 << true << true << int(ServerItem::StateGood) << 1 << QString()
-                                 << hx(Hart5Address);
-    QTest::newRow("nobody at 7") << 7 << true << false << int(ServerItem::StateFailed) << 4
-                                 << "Response timeout (370ms)" << QByteArray();
-    QTest::newRow("port not open") << 0 << false << false << int(ServerItem::StateFailed) << 4
-                                   << "port 'Line' is not opened" << QByteArray();
+    const int good = ServerItem::StateGood;
+    const int failed = ServerItem::StateFailed;
+    QTest::newRow("generic at 0") << 0 << "open" << true << good << QString();
+    QTest::newRow("nobody at 7") << 7 << "open" << false << failed << "Response timeout (370ms)";
+    QTest::newRow("port not open") << 0 << "closed" << false << failed << "port 'Line' is not opened";
+    // The exchange went well: the port is good though the answer is no identity.
+    QTest::newRow("answer too short") << 0 << "short" << false << good << QString();
 }
 
 void TestPort::checkHartDevice()
 {
     QFETCH(int, pollingAddress);
-    QFETCH(bool, open);
+    QFETCH(QString, how);
     QFETCH(bool, ok);
     QFETCH(int, state);
-    QFETCH(int, code);
     QFETCH(QString, error);
-    QFETCH(QByteArray, longAddress);
 
-    startLine();
     Port port;
     port.setName(QStringLiteral("Line"));
-    QVERIFY(port.setSerialName(m_sim.path()));
-    if (open)
-        QVERIFY(port.openHart());
+    openOnLine(port);
+    if (how == QLatin1String("closed"))
+        port.closeHart();
+    if (how == QLatin1String("short"))
+        m_sim.addFault(0, fault(Fault::ResponseCode, 0));
 
-    g_log.clear();
-    const QtMessageHandler previous = qInstallMessageHandler(collect);
     QVariantMap info;
-    const bool result = port.checkHartDevice(pollingAddress, info);
-    qInstallMessageHandler(previous);
-
+    bool result = false;
+    const QStringList log = logOf([&] { result = port.checkHartDevice(pollingAddress, info); });
     QCOMPARE(result, ok);
     QCOMPARE(port.state(), state);
-    QCOMPARE(port.errorCode(), code);
+    QCOMPARE(port.errorCode(), state == int(ServerItem::StateGood) ? 1 : 4);
     QCOMPARE(port.errorText(), error);
-    QCOMPARE(info.value(QStringLiteral("address")).toByteArray().toHex(' '), longAddress.toHex(' '));
-    if (ok)
-        QCOMPARE(info.value(QStringLiteral("manufacturer_code")).toInt(), 0x11);
-    if (!open) {
+    QCOMPARE(info.value(QStringLiteral("address")).toByteArray(), ok ? hx(GenericAddress) : QByteArray());
+    if (how == QLatin1String("closed")) {
         QCOMPARE(m_sim.line().requestCount(), 0);
-        QVERIFY(!g_log.filter(QStringLiteral("check error '4' - port 'Line' is not opened")).isEmpty());
+        QVERIFY(!log.filter(QStringLiteral("check error '4' - port 'Line' is not opened")).isEmpty());
     } else {
         const hartsim::RequestRecord record = m_sim.record(1);
         QCOMPARE(record.command, quint8(0));
@@ -1024,144 +639,84 @@ void TestPort::checkHartDevice()
 void TestPort::checkHartDeviceByTag_data()
 {
     QTest::addColumn<QString>("tag");
-    QTest::addColumn<QString>("deviceTag");
     QTest::addColumn<bool>("ok");
     QTest::addColumn<QString>("error");
-    QTest::addColumn<bool>("sent");
-    QTest::addColumn<QByteArray>("request"); // empty: not looked at
-    QTest::addColumn<QByteArray>("longAddress");
+    QTest::addColumn<QByteArray>("request"); // empty: nothing sent; "-": not looked at
 
-    QTest::newRow("padded tag") << "PT-1"
-                                << "PT-1" << true << QString() << true << hx("41 4B 71 82 08 20") << hx(GenericAddress);
-    QTest::newRow("eight characters, no padding")
-        << "ABCDEFGH"
-        << "ABCDEFGH" << true << QString() << true << hx("04 20 C4 14 61 C8") << hx(GenericAddress);
-    QTest::newRow("marks") << "A.B/C:1+"
-                           << "A.B/C:1+" << true << QString() << true << QByteArray() << hx(GenericAddress);
-    QTest::newRow("the HART 5 device") << "TT-101"
-                                       << "PT-1" << true << QString() << true << QByteArray() << hx(Hart5Address);
-    QTest::newRow("lower case") << "pt-1"
-                                << "PT-1" << false << "Invalid chars in device tag!" << false << QByteArray()
-                                << QByteArray();
-    QTest::newRow("tilde") << "PT~1"
-                           << "PT-1" << false << "Invalid chars in device tag!" << false << QByteArray()
-                           << QByteArray();
-    QTest::newRow("quote") << "PT\"1"
-                           << "PT-1" << false << "Invalid chars in device tag!" << false << QByteArray()
-                           << QByteArray();
-    QTest::newRow("empty") << ""
-                           << "PT-1" << false << "*** pack/unpack error!" << false << QByteArray() << QByteArray();
-    QTest::newRow("nobody has it") << "NOPE"
-                                   << "PT-1" << false << "Response timeout (370ms)" << true << QByteArray()
-                                   << QByteArray();
+    QTest::newRow("padded tag") << "PT-1" << true << QString() << hx("41 4B 71 82 08 20");
+    QTest::newRow("eight characters, no padding") << "ABCDEFGH" << true << QString() << hx("04 20 C4 14 61 C8");
+    QTest::newRow("marks") << "A.B/C:1+" << true << QString() << QByteArray("-");
+    QTest::newRow("lower case") << "pt-1" << false << "Invalid chars in device tag!" << QByteArray();
+    QTest::newRow("empty") << "" << false << "*** pack/unpack error!" << QByteArray();
+    QTest::newRow("nobody has it") << "NOPE" << false << "Response timeout (370ms)" << QByteArray("-");
 }
 
 void TestPort::checkHartDeviceByTag()
 {
     QFETCH(QString, tag);
-    QFETCH(QString, deviceTag);
     QFETCH(bool, ok);
     QFETCH(QString, error);
-    QFETCH(bool, sent);
     QFETCH(QByteArray, request);
-    QFETCH(QByteArray, longAddress);
 
-    startLine();
-    m_sim.setParam(0, QStringLiteral("tag"), deviceTag);
     Port port;
-    QVERIFY(port.setSerialName(m_sim.path()));
-    QVERIFY(port.openHart());
+    openOnLine(port);
+    m_sim.setParam(0, QStringLiteral("tag"), ok ? tag : QStringLiteral("PT-1"));
 
-    g_log.clear();
-    const QtMessageHandler previous = qInstallMessageHandler(collect);
     QVariantMap info;
-    const bool result = port.checkHartDeviceByTag(tag, info);
-    qInstallMessageHandler(previous);
-
+    bool result = false;
+    const QStringList log = logOf([&] { result = port.checkHartDeviceByTag(tag, info); });
     QCOMPARE(result, ok);
     QCOMPARE(port.errorText(), error);
-    QCOMPARE(info.value(QStringLiteral("address")).toByteArray().toHex(' '), longAddress.toHex(' '));
-    if (!sent) {
+    QCOMPARE(info.value(QStringLiteral("address")).toByteArray(), ok ? hx(GenericAddress) : QByteArray());
+    if (request.isEmpty()) {
         QCOMPARE(m_sim.line().requestCount(), 0);
         return;
     }
     const hartsim::RequestRecord record = m_sim.record(1);
     QCOMPARE(record.command, quint8(11));
-    QCOMPARE(record.address.size(), 5);
-    QCOMPARE(record.address.at(0) & 0x3F, 0);
-    QCOMPARE(record.address.mid(1), QByteArray(4, '\0'));
+    QCOMPARE(record.address.toHex(), QByteArray("8000000000"));
     QCOMPARE(record.data.size(), 6);
-    if (!request.isEmpty())
+    if (request != "-")
         QCOMPARE(record.data.toHex(' '), request.toHex(' '));
     if (!ok) {
         QCOMPARE(port.errorCode(), 4);
-        QVERIFY(!g_log.filter(QStringLiteral("device with tag ")).filter(QStringLiteral("not found!")).isEmpty());
+        QVERIFY(!log.filter(QStringLiteral("device with tag ")).filter(QStringLiteral("not found!")).isEmpty());
     }
 }
 
-void TestPort::checkHartDeviceByLongTag_data()
+void TestPort::searchesByLongTagAnd73_data()
 {
+    QTest::addColumn<int>("command");
     QTest::addColumn<QString>("tag");
     QTest::addColumn<bool>("ok");
-    QTest::addColumn<QByteArray>("longAddress");
 
-    QTest::newRow("Pump one") << "Pump one" << true << hx(GenericAddress);
-    QTest::newRow("Pump two") << "Pump two" << false << QByteArray();
-    QTest::newRow("too long") << QString(40, QLatin1Char('A')) << false << QByteArray();
+    QTest::newRow("long tag") << 21 << "Pump one" << true;
+    QTest::newRow("long tag cut to 32") << 21 << QString(40, QLatin1Char('A')) << false;
+    QTest::newRow("73, button pressed") << 73 << QString() << true;
+    QTest::newRow("73, button not pressed") << 73 << QString() << false;
 }
 
-void TestPort::checkHartDeviceByLongTag()
+void TestPort::searchesByLongTagAnd73()
 {
+    QFETCH(int, command);
     QFETCH(QString, tag);
     QFETCH(bool, ok);
-    QFETCH(QByteArray, longAddress);
 
-    startLine();
     Port port;
-    QVERIFY(port.setSerialName(m_sim.path()));
-    QVERIFY(port.openHart());
+    openOnLine(port);
+    m_sim.line().withDevice(0, [&](hartsim::SimDevice& d) { d.setButtonPressed(ok); });
     QVariantMap info;
-    QCOMPARE(port.checkHartDeviceByLongTag(tag, info), ok);
+    QCOMPARE(command == 21 ? port.checkHartDeviceByLongTag(tag, info) : port.findHartDeviceBy73(info), ok);
     QCOMPARE(port.errorCode(), ok ? 1 : 4);
-    QCOMPARE(info.value(QStringLiteral("address")).toByteArray().toHex(' '), longAddress.toHex(' '));
-
-    // 32 bytes of Latin-1, zero-filled or cut.
-    QByteArray expected = tag.toLatin1().left(32);
-    expected.append(QByteArray(32 - expected.size(), '\0'));
+    QCOMPARE(info.value(QStringLiteral("address")).toByteArray(), ok ? hx(GenericAddress) : QByteArray());
+    // The long tag goes as 32 bytes of Latin-1, zero-filled or cut.
+    QByteArray data = tag.toLatin1().left(32);
+    if (command == 21)
+        data.append(QByteArray(32 - data.size(), '\0'));
     const hartsim::RequestRecord record = m_sim.record(1);
-    QCOMPARE(record.command, quint8(21));
+    QCOMPARE(int(record.command), command);
     QCOMPARE(record.address.mid(1), QByteArray(4, '\0'));
-    QCOMPARE(record.data, expected);
-}
-
-void TestPort::findHartDeviceBy73_data()
-{
-    QTest::addColumn<bool>("pressed");
-    QTest::addColumn<bool>("ok");
-
-    QTest::newRow("button pressed") << true << true;
-    QTest::newRow("button not pressed") << false << false;
-}
-
-void TestPort::findHartDeviceBy73()
-{
-    QFETCH(bool, pressed);
-    QFETCH(bool, ok);
-
-    startLine();
-    m_sim.line().withDevice(0, [&](hartsim::SimDevice& d) { d.setButtonPressed(pressed); });
-    Port port;
-    QVERIFY(port.setSerialName(m_sim.path()));
-    QVERIFY(port.openHart());
-    QVariantMap info;
-    QCOMPARE(port.findHartDeviceBy73(info), ok);
-    QCOMPARE(port.errorCode(), ok ? 1 : 4);
-    QCOMPARE(info.value(QStringLiteral("address")).toByteArray().toHex(' '),
-             ok ? hx(GenericAddress).toHex(' ') : QByteArray());
-    const hartsim::RequestRecord record = m_sim.record(1);
-    QCOMPARE(record.command, quint8(73));
-    QCOMPARE(record.address.mid(1), QByteArray(4, '\0'));
-    QVERIFY(record.data.isEmpty());
+    QCOMPARE(record.data, data);
 }
 
 QTEST_GUILESS_MAIN(TestPort)
