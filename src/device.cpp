@@ -1657,6 +1657,64 @@ bool Device::writeChecked(int cmd, const QByteArray& request, bool echo, QByteAr
     return false;
 }
 
+QByteArray Device::packFields(const Fields& fields)
+{
+    QByteArray data;
+    for (const Field& field : fields) {
+        const QString key = QLatin1String(field.key);
+        if (field.type == ByteField)
+            data.append(char(getDeviceInfoByte(key)));
+        else
+            data.append(Port::getBufferFromFloat(getDeviceInfoFloat(key)));
+    }
+    return data;
+}
+
+void Device::unpackFields(const QByteArray& data, const Fields& fields)
+{
+    int offset = 0;
+    for (const Field& field : fields) {
+        const QString key = QLatin1String(field.key);
+        if (field.type == ByteField) {
+            setDeviceInfo(key, byteAt(data, offset));
+            offset += 1;
+        } else {
+            setDeviceInfo(key, floatAt(data, offset));
+            offset += 4;
+        }
+    }
+}
+
+bool Device::readVendor(int cmd, const Fields& response)
+{
+    QByteArray data;
+    if (read(readFunContext(cmd), cmd, data) != 1)
+        return false;
+    checkAdditionalStatus(true, true);
+    if (response.isEmpty())
+        return false;
+    unpackFields(data, response);
+    return true;
+}
+
+bool Device::writeVendor(int cmd, const Fields& request, bool echo, bool count, const Fields& answer)
+{
+    QByteArray response;
+    if (!writeChecked(cmd, packFields(request), echo, response))
+        return false;
+    unpackFields(response, answer);
+    if (count)
+        incrementModifyCount();
+    checkAdditionalStatus(true, true);
+    return true;
+}
+
+bool Device::writeManufacturerSettings()
+{
+    const bool restore = getDeviceInfoByte(QStringLiteral("manufacturer_settings")) == 0;
+    return writeVendor(CmdManufacturerSettings, {{"manufacturer_settings", ByteField}}, false, restore);
+}
+
 bool Device::hasMetrologyAccess() const
 {
     return false;

@@ -37,6 +37,17 @@ public:
         TagStateArchived = 64 // archived
     };
 
+    // The data of a vendor command as a run of fields, each a key of the
+    // device-information map holding a byte or a float (4 bytes, IEEE,
+    // big-endian), one after the other from offset 0.
+    enum FieldType { ByteField, FloatField };
+    struct Field
+    {
+        const char* key;
+        FieldType type;
+    };
+    using Fields = QList<Field>;
+
     explicit Device(ServerItem* parent = nullptr);
     ~Device() override;
 
@@ -235,6 +246,24 @@ protected:
     // is false with "*** cmdData != response". The caller stores what the
     // response brings, counts and checks the additional status.
     bool writeChecked(int cmd, const QByteArray& request, bool echo, QByteArray& response);
+
+    QByteArray packFields(const Fields& fields);
+    // Fields beyond the end of the data read as 0.
+    void unpackFields(const QByteArray& data, const Fields& fields);
+    // A vendor read: the exchange, the additional status, and the response's
+    // fields into the map. A command without fields is sent and answered but
+    // gives false.
+    bool readVendor(int cmd, const Fields& response);
+    // A vendor write: the request from its fields, the exchange (with echo,
+    // the response must repeat the request), the answer's fields into the
+    // map, the configuration change counted when asked, the additional
+    // status.
+    bool writeVendor(int cmd, const Fields& request, bool echo = true, bool count = true,
+                     const Fields& answer = Fields());
+    // Command 192 of the model instruments: "manufacturer_settings" 1 saves
+    // the settings as the manufacturer's, 0 restores them; only a restore
+    // changes the configuration.
+    bool writeManufacturerSettings();
 
 private:
     QVariantMap parametersForFile() const;

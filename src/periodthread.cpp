@@ -103,12 +103,8 @@ void PeriodThread::run()
                 break;
             device = m_device;
         }
-        DBG(LevelInfo) << " ### read device ###";
-        // A variable the device no longer delivers must not pass for fresh.
-        for (const char* key : {"PV", "SV", "TV", "QV"})
-            device->removeDeviceInfo(QLatin1String(key));
         QVariantMap map;
-        if (!device->readDevice(3)) {
+        if (!poll(device)) {
             // An empty error text is a silent failure; a result that comes
             // after stopThread is dropped.
             if (!device->errorText().isEmpty() && !isQuitting())
@@ -117,7 +113,7 @@ void PeriodThread::run()
             map = goodMap(device);
         }
         if (!map.isEmpty())
-            emit responsePV(map);
+            deliver(map);
 
         QMutexLocker lock(&m_mutex);
         if (!m_quit && !m_cycleRequested)
@@ -125,6 +121,20 @@ void PeriodThread::run()
         m_cycleRequested = false;
     }
     DBG(LevelInfo) << ">>>>>>>>> run OK";
+}
+
+bool PeriodThread::poll(Device* device)
+{
+    DBG(LevelInfo) << " ### read device ###";
+    // A variable the device no longer delivers must not pass for fresh.
+    for (const char* key : {"PV", "SV", "TV", "QV"})
+        device->removeDeviceInfo(QLatin1String(key));
+    return device->readDevice(3);
+}
+
+void PeriodThread::deliver(const QVariantMap& map)
+{
+    emit responsePV(map);
 }
 
 QVariantMap PeriodThread::goodMap(Device* device)

@@ -62,11 +62,16 @@ signals:
 
 protected:
     void run() override;
+    // One cycle's exchange with the device, on the worker; true on success.
+    virtual bool poll(Device* device);
+    // The map of a good and of a failed cycle.
+    virtual QVariantMap goodMap(Device* device);
+    virtual QVariantMap failureMap(Device* device);
+    // Hands a cycle's map to the listeners.
+    virtual void deliver(const QVariantMap& map);
 
 private:
     bool isQuitting();
-    QVariantMap goodMap(Device* device);
-    QVariantMap failureMap(Device* device);
 
     QMutex m_mutex;
     QWaitCondition m_condition;

@@ -1,18 +1,72 @@
 #include "tcv2device.h"
 
-#include "port.h"
-
 namespace {
 
-// Response fields; bytes beyond the end of the response read as 0.
-int byteAt(const QByteArray& buffer, int offset)
+Device::Fields readFields(int cmd)
 {
-    return offset < buffer.size() ? int(quint8(buffer.at(offset))) : 0;
+    switch (cmd) {
+    case 130:
+        return {{"decimal_point_position", Device::ByteField},
+                {"input_signal_type", Device::ByteField},
+                {"sensor_type", Device::ByteField},
+                {"connection_schema", Device::ByteField},
+                {"resistanceTS_0", Device::FloatField},
+                {"resistance_conn_wires", Device::FloatField},
+                {"free_ends_compensation", Device::ByteField},
+                {"first_correction_point", Device::FloatField},
+                {"second_correction_point", Device::FloatField},
+                {"average_count", Device::ByteField}};
+    case 132:
+        return {{"decimal_point_position", Device::ByteField}};
+    case 150:
+        return {{"input_signal_type", Device::ByteField}, {"sensor_type", Device::ByteField}};
+    case 153:
+        return {{"connection_schema", Device::ByteField}};
+    case 155:
+        return {{"resistanceTS_0", Device::FloatField}};
+    case 157:
+        return {{"resistance_conn_wires", Device::FloatField}};
+    case 160:
+        return {{"free_ends_compensation", Device::ByteField}};
+    default:
+        // Sent and answered, but no table holds it.
+        return {};
+    }
 }
 
-float floatAt(const QByteArray& buffer, int offset)
+Device::Fields writeFields(int cmd)
 {
-    return Port::getFloatFromBufferByOffset(buffer, offset);
+    switch (cmd) {
+    case 133:
+        return {{"decimal_point_position", Device::ByteField}};
+    case 134:
+        return {{"average_count", Device::ByteField}};
+    case 143:
+        return {{"first_correction_point", Device::FloatField}};
+    case 144:
+        return {{"second_correction_point", Device::FloatField}};
+    case 151:
+        return {{"input_signal_type", Device::ByteField}};
+    case 152:
+        return {{"sensor_type", Device::ByteField}};
+    case 154:
+        return {{"connection_schema", Device::ByteField}};
+    case 156:
+        return {{"resistanceTS_0", Device::FloatField}};
+    case 158:
+        return {{"resistance_conn_wires", Device::FloatField}};
+    case 161:
+        return {{"free_ends_compensation", Device::ByteField}};
+    case 171:
+        return {{"adjust_voltage", Device::FloatField}};
+    case 172:
+        return {{"adjust_resistance", Device::FloatField}};
+    case 173:
+        return {{"adjust_temperature", Device::FloatField}};
+    default:
+        // No row: empty data, echoed.
+        return {};
+    }
 }
 
 } // namespace
@@ -87,134 +141,21 @@ bool TCV2Device::readDevice(int cmd)
 {
     if (cmd <= 129)
         return Device::readDevice(cmd);
-
-    QByteArray response;
-    if (read(readFunContext(cmd), cmd, response) != 1)
-        return false;
-    checkAdditionalStatus(true, true);
-
-    auto putByte = [&](const char* key, int offset) { setDeviceInfo(QLatin1String(key), byteAt(response, offset)); };
-    auto putFloat = [&](const char* key, int offset) { setDeviceInfo(QLatin1String(key), floatAt(response, offset)); };
-    switch (cmd) {
-    case 130:
-        putByte("decimal_point_position", 0);
-        putByte("input_signal_type", 1);
-        putByte("sensor_type", 2);
-        putByte("connection_schema", 3);
-        putFloat("resistanceTS_0", 4);
-        putFloat("resistance_conn_wires", 8);
-        putByte("free_ends_compensation", 12);
-        putFloat("first_correction_point", 13);
-        putFloat("second_correction_point", 17);
-        putByte("average_count", 21);
-        return true;
-    case 132:
-        putByte("decimal_point_position", 0);
-        return true;
-    case 150:
-        putByte("input_signal_type", 0);
-        putByte("sensor_type", 1);
-        return true;
-    case 153:
-        putByte("connection_schema", 0);
-        return true;
-    case 155:
-        putFloat("resistanceTS_0", 0);
-        return true;
-    case 157:
-        putFloat("resistance_conn_wires", 0);
-        return true;
-    case 160:
-        putByte("free_ends_compensation", 0);
-        return true;
-    default:
-        // Sent and answered, but no table holds it.
-        return false;
-    }
+    return readVendor(cmd, readFields(cmd));
 }
 
 bool TCV2Device::writeDevice(int cmd)
 {
-    if (cmd <= 129)
-        return Device::writeDevice(cmd);
-
-    QByteArray request;
-    bool echo = true;
-    bool count = true;
-    auto byte = [&](const char* key) { request.append(char(getDeviceInfoByte(QLatin1String(key)))); };
-    auto number = [&](const char* key) {
-        request.append(Port::getBufferFromFloat(getDeviceInfoFloat(QLatin1String(key))));
-    };
-
     switch (cmd) {
-    case 133:
-        byte("decimal_point_position");
-        break;
-    case 134:
-        byte("average_count");
-        break;
-    case 143:
-        number("first_correction_point");
-        break;
-    case 144:
-        number("second_correction_point");
-        break;
-    case 151:
-        byte("input_signal_type");
-        break;
-    case 152:
-        byte("sensor_type");
-        break;
-    case 154:
-        byte("connection_schema");
-        break;
-    case 156:
-        number("resistanceTS_0");
-        break;
-    case 158:
-        number("resistance_conn_wires");
-        break;
-    case 161:
-        byte("free_ends_compensation");
-        break;
-    case 171:
-        number("adjust_voltage");
-        break;
-    case 172:
-        number("adjust_resistance");
-        break;
-    case 173:
-        number("adjust_temperature");
-        break;
-    case 174:
-        // Asks what the adjustment acts on; the device answers the reading.
-        byte("adjust_parameter_code");
-        echo = count = false;
-        break;
     case CmdManufacturerSettings:
-        // 1 saves the settings as the manufacturer's, 0 restores them; only a
-        // restore changes the configuration.
-        byte("manufacturer_settings");
-        echo = false;
-        count = getDeviceInfoByte(QStringLiteral("manufacturer_settings")) == 0;
-        break;
-    default:
-        // No row: empty data, echoed.
-        break;
-    }
-
-    QByteArray response;
-    if (!writeChecked(cmd, request, echo, response))
-        return false;
-    if (cmd == 174) {
+        return writeManufacturerSettings();
+    case 174: {
+        // Asks what the adjustment acts on; the device answers the reading.
         const int code = getDeviceInfoByte(QStringLiteral("adjust_parameter_code"));
-        const QString key = code == 0   ? QStringLiteral("adjust_resistance")
-                            : code == 1 ? QStringLiteral("adjust_voltage")
-                                        : QStringLiteral("adjust_temperature");
-        setDeviceInfo(key, floatAt(response, 0));
+        const char* key = code == 0 ? "adjust_resistance" : code == 1 ? "adjust_voltage" : "adjust_temperature";
+        return writeVendor(cmd, {{"adjust_parameter_code", ByteField}}, false, false, {{key, FloatField}});
     }
-    if (count)
-        incrementModifyCount();
-    checkAdditionalStatus(true, true);
-    return true;
+    default:
+        return cmd <= 129 ? Device::writeDevice(cmd) : writeVendor(cmd, writeFields(cmd));
+    }
 }
