@@ -186,6 +186,10 @@ bool AppSettings::save()
         return false;
     }
     QJsonSettings settings(g_cfg_fn);
+    // An unreadable file has been kept aside by now (".corrupt") and is
+    // replaced; its read error stays in the status, where it would hide the
+    // result of the write.
+    const bool wasUnreadable = settings.status() == QSettings::FormatError;
     settings.setValue(QStringLiteral("srv"), serverData);
 
     QVariantMap app;
@@ -199,7 +203,9 @@ bool AppSettings::save()
     app.insert(QStringLiteral("tests_path"), testsPath.isEmpty() ? g_tests_dir : testsPath);
     settings.setValue(QStringLiteral("app"), app);
     settings.sync();
-    if (settings.status() != QSettings::NoError) {
+    const bool written = wasUnreadable ? QJsonSettings(g_cfg_fn).status() == QSettings::NoError
+                                       : settings.status() == QSettings::NoError;
+    if (!written) {
         SDBG(LevelErr) << "cannot save" << g_cfg_fn << "status" << settings.status();
         return false;
     }

@@ -228,7 +228,7 @@ void TestAppSettings::syntaxErrorLosesNothing()
     QCOMPARE(settings.language, QStringLiteral("ru_RU"));
     QCOMPARE(AppSettings::cfg_fn(), cfg);
 
-    settings.save();
+    QVERIFY(settings.save());
     QFile kept(cfg + QStringLiteral(".corrupt"));
     QVERIFY(kept.open(QIODevice::ReadOnly));
     QCOMPARE(kept.readAll(), broken);
