@@ -1,8 +1,9 @@
 #include "application.h"
 #include "appsettings.h"
 #include "debugqt.h"
+#include "mainwindow.h"
 
-#include <QLabel>
+#include <QIcon>
 #include <QScreen>
 
 #include <csignal>
@@ -19,12 +20,10 @@ int main(int argc, char* argv[])
 
     Application app(argc, argv);
     Application::loadTranslations(QStringLiteral(":/lang"));
-    Application::setLanguage(AppSettings::instance()->language);
+    Application::setWindowIcon(QIcon(QStringLiteral(":/ico/calvane.png")));
 
-    QLabel window(QObject::tr("Calvane: HART configurator"));
-    window.setWindowTitle(QObject::tr("Calvane"));
-    window.setAlignment(Qt::AlignCenter);
-    window.resize(800, 600);
+    // The window applies the settings' language and log levels itself.
+    MainWindow window;
 
     if (AppSettings::instance()->bApplyCss)
         app.loadCss();

@@ -1,250 +1,2010 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US">
-    <context>
-        <name>HartCommand</name>
-        <message>
-            <source>*** parity error</source>
-            <translation>*** parity error</translation>
-        </message>
-        <message>
-            <source>*** speed overflow error</source>
-            <translation>*** speed overflow error</translation>
-        </message>
-        <message>
-            <source>*** synhronization (frame) error</source>
-            <translation>*** synhronization (frame) error</translation>
-        </message>
-        <message>
-            <source>*** checksum error</source>
-            <translation>*** checksum error</translation>
-        </message>
-        <message>
-            <source>*** receive buffer overflow error</source>
-            <translation>*** receive buffer overflow error</translation>
-        </message>
-        <message>
-            <source>*** Field device malfunction</source>
-            <translation>*** Field device malfunction</translation>
-        </message>
-        <message>
-            <source>*** Configuration changed</source>
-            <translation>*** Configuration changed</translation>
-        </message>
-        <message>
-            <source>*** Cold start</source>
-            <translation>*** Cold start</translation>
-        </message>
-        <message>
-            <source>*** More status available</source>
-            <translation>*** More status available</translation>
-        </message>
-        <message>
-            <source>*** Analogue output fixed</source>
-            <translation>*** Analogue output fixed</translation>
-        </message>
-        <message>
-            <source>*** Analogue output out of limits</source>
-            <translation>*** Analogue output out of limits</translation>
-        </message>
-        <message>
-            <source>*** Non-primary variable out of limits</source>
-            <translation>*** Non-primary variable out of limits</translation>
-        </message>
-        <message>
-            <source>*** Primary variable out of limits</source>
-            <translation>*** Primary variable out of limits</translation>
-        </message>
-        <message>
-            <source>*** wrong choice</source>
-            <translation>*** wrong choice</translation>
-        </message>
-        <message>
-            <source>*** last parameter too large</source>
-            <translation>*** last parameter too large</translation>
-        </message>
-        <message>
-            <source>*** last parameter too small</source>
-            <translation>*** last parameter too small</translation>
-        </message>
-        <message>
-            <source>*** too few data bytes have been received</source>
-            <translation>*** too few data bytes have been received</translation>
-        </message>
-        <message>
-            <source>*** command not executed</source>
-            <translation>*** command not executed</translation>
-        </message>
-        <message>
-            <source>*** write protection mode set</source>
-            <translation>*** write protection mode set</translation>
-        </message>
-        <message>
-            <source>*** update in progress</source>
-            <translation>*** update in progress</translation>
-        </message>
-        <message>
-            <source>*** linearization point not used</source>
-            <translation>*** linearization point not used</translation>
-        </message>
-        <message>
-            <source>*** temperature is different from previous value at this point</source>
-            <translation>*** temperature is different from previous value at this point</translation>
-        </message>
-        <message>
-            <source>*** incorrect input signal type selected</source>
-            <translation>*** incorrect input signal type selected</translation>
-        </message>
-        <message>
-            <source>*** the lower range limit greater of maximum allowable value</source>
-            <translation>*** the lower range limit greater of maximum allowable value</translation>
-        </message>
-        <message>
-            <source>*** PV value is greater of upper range limit</source>
-            <translation>*** PV value is greater of upper range limit</translation>
-        </message>
-        <message>
-            <source>*** mismatch counter configuration change</source>
-            <translation>*** mismatch counter configuration change</translation>
-        </message>
-        <message>
-            <source>*** incorrect fixed current value</source>
-            <translation>*** incorrect fixed current value</translation>
-        </message>
-        <message>
-            <source>*** number of decimal places is too large</source>
-            <translation>*** number of decimal places is too large</translation>
-        </message>
-        <message>
-            <source>*** value set is too large</source>
-            <translation>*** value set is too large</translation>
-        </message>
-        <message>
-            <source>*** the lower range limit less of minimum  allowable value</source>
-            <translation>*** the lower range limit less of minimum  allowable value</translation>
-        </message>
-        <message>
-            <source>*** PV value is less of lower range limit</source>
-            <translation>*** PV value is less of lower range limit</translation>
-        </message>
-        <message>
-            <source>*** value set is too small</source>
-            <translation>*** value set is too small</translation>
-        </message>
-        <message>
-            <source>*** the upper range limit greater of maximum allowable value</source>
-            <translation>*** the upper range limit greater of maximum allowable value</translation>
-        </message>
-        <message>
-            <source>*** current output off - device in multidrop mode</source>
-            <translation>*** current output off - device in multidrop mode</translation>
-        </message>
-        <message>
-            <source>*** loop Current Not Active (Device in Multidrop Mode)</source>
-            <translation>*** loop Current Not Active (Device in Multidrop Mode)</translation>
-        </message>
-        <message>
-            <source>*** current output mode incorrect selection</source>
-            <translation>*** current output mode incorrect selection</translation>
-        </message>
-        <message>
-            <source>*** the upper range value less of minimum  allowable value</source>
-            <translation>*** the upper range value less of minimum  allowable value</translation>
-        </message>
-        <message>
-            <source>*** saved factory settings are missing</source>
-            <translation>*** saved factory settings are missing</translation>
-        </message>
-        <message>
-            <source>*** unrecognized error 12</source>
-            <translation>*** unrecognized error 12</translation>
-        </message>
-        <message>
-            <source>*** upper and lower conversion limits are out of permissible values</source>
-            <translation>*** upper and lower conversion limits are out of permissible values</translation>
-        </message>
-        <message>
-            <source>*** the minimum range is too small - impaired accuracy</source>
-            <translation>*** the minimum range is too small - impaired accuracy</translation>
-        </message>
-        <message>
-            <source>*** restricted access</source>
-            <translation>*** restricted access</translation>
-        </message>
-        <message>
-            <source>*** invalid unit code</source>
-            <translation>*** invalid unit code</translation>
-        </message>
-        <message>
-            <source>*** invalid range</source>
-            <translation>*** invalid range</translation>
-        </message>
-        <message>
-            <source>*** device is busy</source>
-            <translation>*** device is busy</translation>
-        </message>
-        <message>
-            <source>*** command not implemented</source>
-            <translation>*** command not implemented</translation>
-        </message>
-        <message>
-            <source>*** Invalid message size for command parsing: %1</source>
-            <translation>*** Invalid message size for command parsing: %1</translation>
-        </message>
-        <message>
-            <source>*** Start of message not found!</source>
-            <translation>*** Start of message not found!</translation>
-        </message>
-        <message>
-            <source>*** Unexpected end of message!</source>
-            <translation>*** Unexpected end of message!</translation>
-        </message>
-        <message>
-            <source>*** Invalid delimiter: %1</source>
-            <translation>*** Invalid delimiter: %1</translation>
-        </message>
-        <message>
-            <source>*** Invalid dataLength (=1)</source>
-            <translation>*** Invalid dataLength (=1)</translation>
-        </message>
-        <message>
-            <source>*** Checksum is wrong!</source>
-            <translation>*** Checksum is wrong!</translation>
-        </message>
-        <message>
-            <source>*** start delimiter check error:  %1 / %2</source>
-            <translation>*** start delimiter check error:  %1 / %2</translation>
-        </message>
-        <message>
-            <source>*** command number check error:  %1 / %2</source>
-            <translation>*** command number check error:  %1 / %2</translation>
-        </message>
-        <message>
-            <source>*** address check error: %1</source>
-            <translation>*** address check error: %1</translation>
-        </message>
-        <message>
-            <source>Communication error:</source>
-            <translation>Communication error:</translation>
-        </message>
-        <message>
-            <source>Command error (error code %1): </source>
-            <translation>Command error (error code %1): </translation>
-        </message>
-        <message>
-            <source>*** unknown error code: %1 hex: %2</source>
-            <translation>*** unknown error code: %1 hex: %2</translation>
-        </message>
-    </context>
-    <context>
-        <name>QObject</name>
-        <message>
-            <source>Calvane: HART configurator</source>
-            <translation>Calvane: HART configurator</translation>
-        </message>
-        <message>
-            <source>Calvane</source>
-            <translation>Calvane</translation>
-        </message>
-    </context>
+<context>
+    <name>Device</name>
+    <message>
+        <source>form device</source>
+        <translation>form device</translation>
+    </message>
+    <message>
+        <source>from file</source>
+        <translation>from file</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>changed</translation>
+    </message>
+    <message>
+        <source>saved in device</source>
+        <translation>saved in device</translation>
+    </message>
+    <message>
+        <source>periodically requested</source>
+        <translation>periodically requested</translation>
+    </message>
+    <message>
+        <source>the device &apos;%1&apos; is not on a port</source>
+        <translation>the device &apos;%1&apos; is not on a port</translation>
+    </message>
+    <message>
+        <source>error open port &apos;%1&apos; - %2</source>
+        <translation>error open port &apos;%1&apos; - %2</translation>
+    </message>
+    <message>
+        <source>Device status: [%1]</source>
+        <translation>Device status: [%1]</translation>
+    </message>
+    <message>
+        <source>Success (processing time: %1ms)</source>
+        <translation>Success (processing time: %1ms)</translation>
+    </message>
+    <message>
+        <source>reset</source>
+        <translation>reset</translation>
+    </message>
+    <message>
+        <source>start</source>
+        <translation>start</translation>
+    </message>
+    <message>
+        <source>error %1 %2 %3 - %4</source>
+        <translation>error %1 %2 %3 - %4</translation>
+    </message>
+    <message>
+        <source>executing</source>
+        <translation>executing</translation>
+    </message>
+    <message>
+        <source>get</source>
+        <translation>get</translation>
+    </message>
+    <message>
+        <source>error %1 %2 - %3</source>
+        <translation>error %1 %2 - %3</translation>
+    </message>
+    <message>
+        <source>writing</source>
+        <translation>writing</translation>
+    </message>
+    <message>
+        <source>error executing cmd=%1 - %2</source>
+        <translation>error executing cmd=%1 - %2</translation>
+    </message>
+    <message>
+        <source>error %1 reading &apos;%2&apos; - %3</source>
+        <translation>error %1 reading &apos;%2&apos; - %3</translation>
+    </message>
+    <message>
+        <source>error %1 executing cmd=%2 - %3</source>
+        <translation>error %1 executing cmd=%2 - %3</translation>
+    </message>
+    <message>
+        <source>
+Error (processing time: %1ms)</source>
+        <translation>
+Error (processing time: %1ms)</translation>
+    </message>
+    <message>
+        <source>reading %1 (cmd=%2)...</source>
+        <translation>reading %1 (cmd=%2)...</translation>
+    </message>
+    <message>
+        <source>writing %1</source>
+        <translation>writing %1</translation>
+    </message>
+    <message>
+        <source>%1 (cmd=%2)...</source>
+        <translation>%1 (cmd=%2)...</translation>
+    </message>
+    <message>
+        <source>Get device ID by cmd %1 error:</source>
+        <translation>Get device ID by cmd %1 error:</translation>
+    </message>
+    <message>
+        <source>Try to check %1 by tag &apos;%2&apos; via %3 ...</source>
+        <translation>Try to check %1 by tag &apos;%2&apos; via %3 ...</translation>
+    </message>
+    <message>
+        <source>Try to check %1 by long tag &apos;%2&apos; via %3 ...</source>
+        <translation>Try to check %1 by long tag &apos;%2&apos; via %3 ...</translation>
+    </message>
+    <message>
+        <source>Try to check %1 at address %2 via %3 ...</source>
+        <translation>Try to check %1 at address %2 via %3 ...</translation>
+    </message>
+    <message>
+        <source>Checked successfully - %1 (%2 %3 exts:%4)!</source>
+        <translation>Checked successfully - %1 (%2 %3 exts:%4)!</translation>
+    </message>
+    <message>
+        <source>Try to check %1 via %3 ...</source>
+        <translation>Try to check %1 via %3 ...</translation>
+    </message>
+    <message>
+        <source>Checked successfully - %1!</source>
+        <translation>Checked successfully - %1!</translation>
+    </message>
+    <message>
+        <source>Device ADC error code: %1</source>
+        <translation>Device ADC error code: %1</translation>
+    </message>
+    <message>
+        <source>The ADC is overloaded. Flags: 0x%1</source>
+        <translation>The ADC is overloaded. Flags: 0x%1</translation>
+    </message>
+    <message>
+        <source>Error of writing configuration to EEPROM.</source>
+        <translation>Error of writing configuration to EEPROM.</translation>
+    </message>
+    <message>
+        <source>Device configuration is restored (from the secondary page).</source>
+        <translation>Device configuration is restored (from the secondary page).</translation>
+    </message>
+    <message>
+        <source>Error of writing the device HART_UID to the EEPROM</source>
+        <translation>Error of writing the device HART_UID to the EEPROM</translation>
+    </message>
+    <message>
+        <source>Factory device number is restored (from the sub-page).</source>
+        <translation>Factory device number is restored (from the sub-page).</translation>
+    </message>
+    <message>
+        <source>Device specific status: </source>
+        <translation>Device specific status: </translation>
+    </message>
+    <message>
+        <source>Device requires maintenance.</source>
+        <translation>Device requires maintenance.</translation>
+    </message>
+    <message>
+        <source>Device variable is in an Alarm state.</source>
+        <translation>Device variable is in an Alarm state.</translation>
+    </message>
+    <message>
+        <source>Non-Volatile Memory Defect.</source>
+        <translation>Non-Volatile Memory Defect.</translation>
+    </message>
+    <message>
+        <source>Volatile Memory Defect.</source>
+        <translation>Volatile Memory Defect.</translation>
+    </message>
+    <message>
+        <source>Voltage Conditions Out of Range.</source>
+        <translation>Voltage Conditions Out of Range.</translation>
+    </message>
+    <message>
+        <source>Additional status info:</source>
+        <translation>Additional status info:</translation>
+    </message>
+    <message>
+        <source>device identifier</source>
+        <translation>device identifier</translation>
+    </message>
+    <message>
+        <source>PV</source>
+        <translation>PV</translation>
+    </message>
+    <message>
+        <source>output current</source>
+        <translation>output current</translation>
+    </message>
+    <message>
+        <source>device variables &amp; output current</source>
+        <translation>device variables &amp; output current</translation>
+    </message>
+    <message>
+        <source>polling address</source>
+        <translation>polling address</translation>
+    </message>
+    <message>
+        <source>dynamic variable classifications</source>
+        <translation>dynamic variable classifications</translation>
+    </message>
+    <message>
+        <source>message</source>
+        <translation>message</translation>
+    </message>
+    <message>
+        <source>tag, descriptor, data</source>
+        <translation>tag, descriptor, data</translation>
+    </message>
+    <message>
+        <source>PV sensor info (number &amp; range)</source>
+        <translation>PV sensor info (number &amp; range)</translation>
+    </message>
+    <message>
+        <source>output info (range &amp; damping time)</source>
+        <translation>output info (range &amp; damping time)</translation>
+    </message>
+    <message>
+        <source>final assembly number</source>
+        <translation>final assembly number</translation>
+    </message>
+    <message>
+        <source>long tag</source>
+        <translation>long tag</translation>
+    </message>
+    <message>
+        <source>device status info</source>
+        <translation>device status info</translation>
+    </message>
+    <message>
+        <source>dynamic variable assignments</source>
+        <translation>dynamic variable assignments</translation>
+    </message>
+    <message>
+        <source>find device</source>
+        <translation>find device</translation>
+    </message>
+    <message>
+        <source>Device command version is 5. Command #%1 not supported</source>
+        <translation>Device command version is 5. Command #%1 not supported</translation>
+    </message>
+    <message>
+        <source>long tag: &apos;</source>
+        <translation>long tag: &apos;</translation>
+    </message>
+    <message>
+        <source>get device variables with status</source>
+        <translation>get device variables with status</translation>
+    </message>
+    <message>
+        <source>get device identifier by tag</source>
+        <translation>get device identifier by tag</translation>
+    </message>
+    <message>
+        <source>get device identifier by long tag</source>
+        <translation>get device identifier by long tag</translation>
+    </message>
+    <message>
+        <source>get device variables</source>
+        <translation>get device variables</translation>
+    </message>
+    <message>
+        <source>damping value</source>
+        <translation>damping value</translation>
+    </message>
+    <message>
+        <source>range (min / max)</source>
+        <translation>range (min / max)</translation>
+    </message>
+    <message>
+        <source>PV as upper range value</source>
+        <translation>PV as upper range value</translation>
+    </message>
+    <message>
+        <source>PV as lower range value</source>
+        <translation>PV as lower range value</translation>
+    </message>
+    <message>
+        <source>reset config changed flag </source>
+        <translation>reset config changed flag </translation>
+    </message>
+    <message>
+        <source>set fixed current</source>
+        <translation>set fixed current</translation>
+    </message>
+    <message>
+        <source>start device self test</source>
+        <translation>start device self test</translation>
+    </message>
+    <message>
+        <source>reset device</source>
+        <translation>reset device</translation>
+    </message>
+    <message>
+        <source>adjust zero</source>
+        <translation>adjust zero</translation>
+    </message>
+    <message>
+        <source>PV unit code</source>
+        <translation>PV unit code</translation>
+    </message>
+    <message>
+        <source>adjust current 4 mA</source>
+        <translation>adjust current 4 mA</translation>
+    </message>
+    <message>
+        <source>adjust current 20 mA</source>
+        <translation>adjust current 20 mA</translation>
+    </message>
+    <message>
+        <source>PV transfer function</source>
+        <translation>PV transfer function</translation>
+    </message>
+    <message>
+        <source>reset additional status flag </source>
+        <translation>reset additional status flag </translation>
+    </message>
+    <message>
+        <source>sensor number</source>
+        <translation>sensor number</translation>
+    </message>
+    <message>
+        <source>device variable units</source>
+        <translation>device variable units</translation>
+    </message>
+    <message>
+        <source>get device variable information</source>
+        <translation>get device variable information</translation>
+    </message>
+    <message>
+        <source>response preambles count</source>
+        <translation>response preambles count</translation>
+    </message>
+    <message>
+        <source>set write protection by HART protocol</source>
+        <translation>set write protection by HART protocol</translation>
+    </message>
+    <message>
+        <source>metrology access</source>
+        <translation>metrology access</translation>
+    </message>
+    <message>
+        <source>write factory number</source>
+        <translation>write factory number</translation>
+    </message>
+    <message>
+        <source>*** cmdData != response</source>
+        <translation>*** cmdData != response</translation>
+    </message>
+    <message>
+        <source>the device &apos;%1&apos; has no protected function &apos;%2&apos; (cmd=%3)</source>
+        <translation>the device &apos;%1&apos; has no protected function &apos;%2&apos; (cmd=%3)</translation>
+    </message>
+    <message>
+        <source>*** metrology access stays open</source>
+        <translation>*** metrology access stays open</translation>
+    </message>
+    <message>
+        <source>*** metrology access is not open</source>
+        <translation>*** metrology access is not open</translation>
+    </message>
+    <message>
+        <source>the factory number must have 3 bytes, not %1</source>
+        <translation>the factory number must have 3 bytes, not %1</translation>
+    </message>
+    <message>
+        <source>MOm</source>
+        <translation>MOm</translation>
+    </message>
+    <message>
+        <source>mg/l</source>
+        <translation>mg/l</translation>
+    </message>
+    <message>
+        <source>FNU</source>
+        <translation>FNU</translation>
+    </message>
+    <message>
+        <source>FTU</source>
+        <translation>FTU</translation>
+    </message>
+    <message>
+        <source>NTU</source>
+        <translation>NTU</translation>
+    </message>
+    <message>
+        <source>inchWS</source>
+        <translation>inchWS</translation>
+    </message>
+    <message>
+        <source>inchHg</source>
+        <translation>inchHg</translation>
+    </message>
+    <message>
+        <source>mmWS</source>
+        <translation>mmWS</translation>
+    </message>
+    <message>
+        <source>mmHg</source>
+        <translation>mmHg</translation>
+    </message>
+    <message>
+        <source>lb/inch2</source>
+        <translation>lb/inch2</translation>
+    </message>
+    <message>
+        <source>bar</source>
+        <translation>bar</translation>
+    </message>
+    <message>
+        <source>mbar</source>
+        <translation>mbar</translation>
+    </message>
+    <message>
+        <source>kgf/sm2</source>
+        <translation>kgf/sm2</translation>
+    </message>
+    <message>
+        <source>Pa</source>
+        <translation>Pa</translation>
+    </message>
+    <message>
+        <source>kPa</source>
+        <translation>kPa</translation>
+    </message>
+    <message>
+        <source>l/min</source>
+        <translation>l/min</translation>
+    </message>
+    <message>
+        <source>m3/h</source>
+        <translation>m3/h</translation>
+    </message>
+    <message>
+        <source>l/s</source>
+        <translation>l/s</translation>
+    </message>
+    <message>
+        <source>m3/s</source>
+        <translation>m3/s</translation>
+    </message>
+    <message>
+        <source>m3/day</source>
+        <translation>m3/day</translation>
+    </message>
+    <message>
+        <source>mV</source>
+        <translation>mV</translation>
+    </message>
+    <message>
+        <source>Om</source>
+        <translation>Om</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+    <message>
+        <source>gallons</source>
+        <translation>gallons</translation>
+    </message>
+    <message>
+        <source>l</source>
+        <translation>l</translation>
+    </message>
+    <message>
+        <source>m3</source>
+        <translation>m3</translation>
+    </message>
+    <message>
+        <source>m</source>
+        <translation>m</translation>
+    </message>
+    <message>
+        <source>bbls</source>
+        <translation>bbls</translation>
+    </message>
+    <message>
+        <source>inches</source>
+        <translation>inches</translation>
+    </message>
+    <message>
+        <source>cm</source>
+        <translation>cm</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>minutes</source>
+        <translation>minutes</translation>
+    </message>
+    <message>
+        <source>seconds</source>
+        <translation>seconds</translation>
+    </message>
+    <message>
+        <source>hours</source>
+        <translation>hours</translation>
+    </message>
+    <message>
+        <source>days</source>
+        <translation>days</translation>
+    </message>
+    <message>
+        <source>mcS</source>
+        <translation>mcS</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>V</source>
+        <translation>V</translation>
+    </message>
+    <message>
+        <source>pH</source>
+        <translation>pH</translation>
+    </message>
+    <message>
+        <source>g</source>
+        <translation>g</translation>
+    </message>
+    <message>
+        <source>kg</source>
+        <translation>kg</translation>
+    </message>
+    <message>
+        <source>tons</source>
+        <translation>tons</translation>
+    </message>
+    <message>
+        <source>mS/cm</source>
+        <translation>mS/cm</translation>
+    </message>
+    <message>
+        <source>mcS/cm</source>
+        <translation>mcS/cm</translation>
+    </message>
+    <message>
+        <source>g/s</source>
+        <translation>g/s</translation>
+    </message>
+    <message>
+        <source>g/min</source>
+        <translation>g/min</translation>
+    </message>
+    <message>
+        <source>g/h</source>
+        <translation>g/h</translation>
+    </message>
+    <message>
+        <source>kg/s</source>
+        <translation>kg/s</translation>
+    </message>
+    <message>
+        <source>kg/min</source>
+        <translation>kg/min</translation>
+    </message>
+    <message>
+        <source>kg/h</source>
+        <translation>kg/h</translation>
+    </message>
+    <message>
+        <source>g/cm3</source>
+        <translation>g/cm3</translation>
+    </message>
+    <message>
+        <source>kg/m3</source>
+        <translation>kg/m3</translation>
+    </message>
+    <message>
+        <source>g/ml</source>
+        <translation>g/ml</translation>
+    </message>
+    <message>
+        <source>kg/l</source>
+        <translation>kg/l</translation>
+    </message>
+    <message>
+        <source>g/l</source>
+        <translation>g/l</translation>
+    </message>
+    <message>
+        <source>in3</source>
+        <translation>in3</translation>
+    </message>
+    <message>
+        <source>m3/min</source>
+        <translation>m3/min</translation>
+    </message>
+    <message>
+        <source>bbls/s</source>
+        <translation>bbls/s</translation>
+    </message>
+    <message>
+        <source>bbls/min</source>
+        <translation>bbls/min</translation>
+    </message>
+    <message>
+        <source>bbls/h</source>
+        <translation>bbls/h</translation>
+    </message>
+    <message>
+        <source>bbls/day</source>
+        <translation>bbls/day</translation>
+    </message>
+    <message>
+        <source>l/h</source>
+        <translation>l/h</translation>
+    </message>
+    <message>
+        <source>ppm</source>
+        <translation>ppm</translation>
+    </message>
+    <message>
+        <source>mcg/l</source>
+        <translation>mcg/l</translation>
+    </message>
+    <message>
+        <source>mcg/m3</source>
+        <translation>mcg/m3</translation>
+    </message>
+    <message>
+        <source>kOm</source>
+        <translation>kOm</translation>
+    </message>
+    <message>
+        <source>ppb</source>
+        <translation>ppb</translation>
+    </message>
+    <message>
+        <source>MPa</source>
+        <translation>MPa</translation>
+    </message>
+    <message>
+        <source>Not Classified</source>
+        <translation>Not Classified</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperature</translation>
+    </message>
+    <message>
+        <source>Pressure</source>
+        <translation>Pressure</translation>
+    </message>
+    <message>
+        <source>Volumetric Flow</source>
+        <translation>Volumetric Flow</translation>
+    </message>
+    <message>
+        <source>Velocity</source>
+        <translation>Velocity</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Length</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>Mass</source>
+        <translation>Mass</translation>
+    </message>
+    <message>
+        <source>Mass Flow</source>
+        <translation>Mass Flow</translation>
+    </message>
+    <message>
+        <source>Mass Per Volume</source>
+        <translation>Mass Per Volume</translation>
+    </message>
+    <message>
+        <source>Viscosity</source>
+        <translation>Viscosity</translation>
+    </message>
+    <message>
+        <source>Angular Velocity</source>
+        <translation>Angular Velocity</translation>
+    </message>
+    <message>
+        <source>Area</source>
+        <translation>Area</translation>
+    </message>
+    <message>
+        <source>Energy (Work)</source>
+        <translation>Energy (Work)</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>Force</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>Power</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <translation>Frequency</translation>
+    </message>
+    <message>
+        <source>Analytical</source>
+        <translation>Analytical</translation>
+    </message>
+    <message>
+        <source>Capacitance</source>
+        <translation>Capacitance</translation>
+    </message>
+    <message>
+        <source>Emf</source>
+        <translation>Emf</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Current</translation>
+    </message>
+    <message>
+        <source>Resistance</source>
+        <translation>Resistance</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Angle</translation>
+    </message>
+    <message>
+        <source>Conductance</source>
+        <translation>Conductance</translation>
+    </message>
+    <message>
+        <source>Volume Per Volume</source>
+        <translation>Volume Per Volume</translation>
+    </message>
+    <message>
+        <source>Volume Per Mass</source>
+        <translation>Volume Per Mass</translation>
+    </message>
+    <message>
+        <source>Concentration</source>
+        <translation>Concentration</translation>
+    </message>
+    <message>
+        <source>Valve Actuator</source>
+        <translation>Valve Actuator</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Level</translation>
+    </message>
+    <message>
+        <source>Vortex Flow</source>
+        <translation>Vortex Flow</translation>
+    </message>
+    <message>
+        <source>Mag Flow</source>
+        <translation>Mag Flow</translation>
+    </message>
+    <message>
+        <source>Coriolis Flow</source>
+        <translation>Coriolis Flow</translation>
+    </message>
+    <message>
+        <source>Turbidity</source>
+        <translation>Turbidity</translation>
+    </message>
+    <message>
+        <source>Not used</source>
+        <translation>Not used</translation>
+    </message>
+    <message>
+        <source>Reserved</source>
+        <translation>Reserved</translation>
+    </message>
+    <message>
+        <source>Valve / Actuator</source>
+        <translation>Valve / Actuator</translation>
+    </message>
+    <message>
+        <source>Simple PID Control</source>
+        <translation>Simple PID Control</translation>
+    </message>
+    <message>
+        <source>Conductivity</source>
+        <translation>Conductivity</translation>
+    </message>
+    <message>
+        <source>Totalizer</source>
+        <translation>Totalizer</translation>
+    </message>
+    <message>
+        <source>Not Used</source>
+        <translation>Not Used</translation>
+    </message>
+    <message>
+        <source>Bad</source>
+        <translation>Bad</translation>
+    </message>
+    <message>
+        <source>Poor Accuracy</source>
+        <translation>Poor Accuracy</translation>
+    </message>
+    <message>
+        <source>Manual/Fixed</source>
+        <translation>Manual/Fixed</translation>
+    </message>
+    <message>
+        <source>Good</source>
+        <translation>Good</translation>
+    </message>
+    <message>
+        <source>Not Limited</source>
+        <translation>Not Limited</translation>
+    </message>
+    <message>
+        <source>Low Limited</source>
+        <translation>Low Limited</translation>
+    </message>
+    <message>
+        <source>High Limited</source>
+        <translation>High Limited</translation>
+    </message>
+    <message>
+        <source>Constant</source>
+        <translation>Constant</translation>
+    </message>
+    <message>
+        <source>Manufacturer Specific</source>
+        <translation>Manufacturer Specific</translation>
+    </message>
+    <message>
+        <source>High</source>
+        <translation>High</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>Low</translation>
+    </message>
+    <message>
+        <source>Hold Last Output Value</source>
+        <translation>Hold Last Output Value</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>None</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unknown</translation>
+    </message>
+    <message>
+        <source>Special</source>
+        <translation>Special</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceAddDialog</name>
+    <message>
+        <source>Select device template...</source>
+        <translation>Select device template...</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Template</source>
+        <translation>Template</translation>
+    </message>
+    <message>
+        <source>Producer</source>
+        <translation>Producer</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>TCV-C</source>
+        <translation>TCV-C</translation>
+    </message>
+    <message>
+        <source>Orvena</source>
+        <translation>Orvena</translation>
+    </message>
+    <message>
+        <source>Temperature converter</source>
+        <translation>Temperature converter</translation>
+    </message>
+    <message>
+        <source>1.0</source>
+        <translation>1.0</translation>
+    </message>
+    <message>
+        <source>DX-C</source>
+        <translation>DX-C</translation>
+    </message>
+    <message>
+        <source>QP-1C</source>
+        <translation>QP-1C</translation>
+    </message>
+    <message>
+        <source>Pressure converter</source>
+        <translation>Pressure converter</translation>
+    </message>
+    <message>
+        <source>pH-7702</source>
+        <translation>pH-7702</translation>
+    </message>
+    <message>
+        <source>pH-meter</source>
+        <translation>pH-meter</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>General</translation>
+    </message>
+    <message>
+        <source>Anyone</source>
+        <translation>Anyone</translation>
+    </message>
+    <message>
+        <source>Only universal and common (partly) functions</source>
+        <translation>Only universal and common (partly) functions</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceSummaryWidget</name>
+    <message>
+        <source>Device</source>
+        <translation>Device</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>Template:</source>
+        <translation>Template:</translation>
+    </message>
+    <message>
+        <source>Polling address:</source>
+        <translation>Polling address:</translation>
+    </message>
+    <message>
+        <source>Long address:</source>
+        <translation>Long address:</translation>
+    </message>
+    <message>
+        <source>Manufacturer:</source>
+        <translation>Manufacturer:</translation>
+    </message>
+    <message>
+        <source>Device type:</source>
+        <translation>Device type:</translation>
+    </message>
+    <message>
+        <source>Device ID:</source>
+        <translation>Device ID:</translation>
+    </message>
+    <message>
+        <source>Tag:</source>
+        <translation>Tag:</translation>
+    </message>
+    <message>
+        <source>Descriptor:</source>
+        <translation>Descriptor:</translation>
+    </message>
+    <message>
+        <source>Message:</source>
+        <translation>Message:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>State:</translation>
+    </message>
+    <message>
+        <source>Last error:</source>
+        <translation>Last error:</translation>
+    </message>
+    <message>
+        <source>Identify</source>
+        <translation>Identify</translation>
+    </message>
+    <message>
+        <source>Read the identity of the device at its polling address</source>
+        <translation>Read the identity of the device at its polling address</translation>
+    </message>
+    <message>
+        <source>%1 (number %2)</source>
+        <translation>%1 (number %2)</translation>
+    </message>
+</context>
+<context>
+    <name>FactoryNumberDialog</name>
+    <message>
+        <source>Factory number</source>
+        <translation>Factory number</translation>
+    </message>
+    <message>
+        <source>Device:</source>
+        <translation>Device:</translation>
+    </message>
+    <message>
+        <source>Long address:</source>
+        <translation>Long address:</translation>
+    </message>
+    <message>
+        <source>Access code:</source>
+        <translation>Access code:</translation>
+    </message>
+    <message>
+        <source>Factory number:</source>
+        <translation>Factory number:</translation>
+    </message>
+    <message>
+        <source>Write</source>
+        <translation>Write</translation>
+    </message>
+    <message>
+        <source>not identified</source>
+        <translation>not identified</translation>
+    </message>
+    <message>
+        <source>The access code is a number from 0 to 4294967295.</source>
+        <translation>The access code is a number from 0 to 4294967295.</translation>
+    </message>
+    <message>
+        <source>The factory number is a number from 0 to %1.</source>
+        <translation>The factory number is a number from 0 to %1.</translation>
+    </message>
+    <message>
+        <source>The access code was refused: %1</source>
+        <translation>The access code was refused: %1</translation>
+    </message>
+    <message>
+        <source>Factory number %1 written. Long address: %2.</source>
+        <translation>Factory number %1 written. Long address: %2.</translation>
+    </message>
+    <message>
+        <source>The factory number was not written: %1</source>
+        <translation>The factory number was not written: %1</translation>
+    </message>
+    <message>
+        <source>Access was not closed: %1</source>
+        <translation>Access was not closed: %1</translation>
+    </message>
+</context>
+<context>
+    <name>FileThread</name>
+    <message>
+        <source>Name is empty.</source>
+        <translation>Name is empty.</translation>
+    </message>
+    <message>
+        <source>Date is invalid.</source>
+        <translation>Date is invalid.</translation>
+    </message>
+    <message>
+        <source>Can&apos;t create archive path %1</source>
+        <translation>Can&apos;t create archive path %1</translation>
+    </message>
+    <message>
+        <source>Can&apos;t open %1 for write, error code %2</source>
+        <translation>Can&apos;t open %1 for write, error code %2</translation>
+    </message>
+    <message>
+        <source>Write error in file %1, error code %2</source>
+        <translation>Write error in file %1, error code %2</translation>
+    </message>
+    <message>
+        <source>Reinitialization error - File %1 was deleted, %2</source>
+        <translation>Reinitialization error - File %1 was deleted, %2</translation>
+    </message>
+    <message>
+        <source>Can&apos;t open %1 for append, error code %2</source>
+        <translation>Can&apos;t open %1 for append, error code %2</translation>
+    </message>
+</context>
+<context>
+    <name>HartCommand</name>
+    <message>
+        <source>*** parity error</source>
+        <translation>*** parity error</translation>
+    </message>
+    <message>
+        <source>*** speed overflow error</source>
+        <translation>*** speed overflow error</translation>
+    </message>
+    <message>
+        <source>*** synhronization (frame) error</source>
+        <translation>*** synhronization (frame) error</translation>
+    </message>
+    <message>
+        <source>*** checksum error</source>
+        <translation>*** checksum error</translation>
+    </message>
+    <message>
+        <source>*** receive buffer overflow error</source>
+        <translation>*** receive buffer overflow error</translation>
+    </message>
+    <message>
+        <source>*** Field device malfunction</source>
+        <translation>*** Field device malfunction</translation>
+    </message>
+    <message>
+        <source>*** Configuration changed</source>
+        <translation>*** Configuration changed</translation>
+    </message>
+    <message>
+        <source>*** Cold start</source>
+        <translation>*** Cold start</translation>
+    </message>
+    <message>
+        <source>*** More status available</source>
+        <translation>*** More status available</translation>
+    </message>
+    <message>
+        <source>*** Analogue output fixed</source>
+        <translation>*** Analogue output fixed</translation>
+    </message>
+    <message>
+        <source>*** Analogue output out of limits</source>
+        <translation>*** Analogue output out of limits</translation>
+    </message>
+    <message>
+        <source>*** Non-primary variable out of limits</source>
+        <translation>*** Non-primary variable out of limits</translation>
+    </message>
+    <message>
+        <source>*** Primary variable out of limits</source>
+        <translation>*** Primary variable out of limits</translation>
+    </message>
+    <message>
+        <source>*** wrong choice</source>
+        <translation>*** wrong choice</translation>
+    </message>
+    <message>
+        <source>*** last parameter too large</source>
+        <translation>*** last parameter too large</translation>
+    </message>
+    <message>
+        <source>*** last parameter too small</source>
+        <translation>*** last parameter too small</translation>
+    </message>
+    <message>
+        <source>*** too few data bytes have been received</source>
+        <translation>*** too few data bytes have been received</translation>
+    </message>
+    <message>
+        <source>*** command not executed</source>
+        <translation>*** command not executed</translation>
+    </message>
+    <message>
+        <source>*** write protection mode set</source>
+        <translation>*** write protection mode set</translation>
+    </message>
+    <message>
+        <source>*** update in progress</source>
+        <translation>*** update in progress</translation>
+    </message>
+    <message>
+        <source>*** linearization point not used</source>
+        <translation>*** linearization point not used</translation>
+    </message>
+    <message>
+        <source>*** temperature is different from previous value at this point</source>
+        <translation>*** temperature is different from previous value at this point</translation>
+    </message>
+    <message>
+        <source>*** incorrect input signal type selected</source>
+        <translation>*** incorrect input signal type selected</translation>
+    </message>
+    <message>
+        <source>*** the lower range limit greater of maximum allowable value</source>
+        <translation>*** the lower range limit greater of maximum allowable value</translation>
+    </message>
+    <message>
+        <source>*** PV value is greater of upper range limit</source>
+        <translation>*** PV value is greater of upper range limit</translation>
+    </message>
+    <message>
+        <source>*** mismatch counter configuration change</source>
+        <translation>*** mismatch counter configuration change</translation>
+    </message>
+    <message>
+        <source>*** incorrect fixed current value</source>
+        <translation>*** incorrect fixed current value</translation>
+    </message>
+    <message>
+        <source>*** number of decimal places is too large</source>
+        <translation>*** number of decimal places is too large</translation>
+    </message>
+    <message>
+        <source>*** value set is too large</source>
+        <translation>*** value set is too large</translation>
+    </message>
+    <message>
+        <source>*** the lower range limit less of minimum  allowable value</source>
+        <translation>*** the lower range limit less of minimum  allowable value</translation>
+    </message>
+    <message>
+        <source>*** PV value is less of lower range limit</source>
+        <translation>*** PV value is less of lower range limit</translation>
+    </message>
+    <message>
+        <source>*** value set is too small</source>
+        <translation>*** value set is too small</translation>
+    </message>
+    <message>
+        <source>*** the upper range limit greater of maximum allowable value</source>
+        <translation>*** the upper range limit greater of maximum allowable value</translation>
+    </message>
+    <message>
+        <source>*** current output off - device in multidrop mode</source>
+        <translation>*** current output off - device in multidrop mode</translation>
+    </message>
+    <message>
+        <source>*** loop Current Not Active (Device in Multidrop Mode)</source>
+        <translation>*** loop Current Not Active (Device in Multidrop Mode)</translation>
+    </message>
+    <message>
+        <source>*** current output mode incorrect selection</source>
+        <translation>*** current output mode incorrect selection</translation>
+    </message>
+    <message>
+        <source>*** the upper range value less of minimum  allowable value</source>
+        <translation>*** the upper range value less of minimum  allowable value</translation>
+    </message>
+    <message>
+        <source>*** saved factory settings are missing</source>
+        <translation>*** saved factory settings are missing</translation>
+    </message>
+    <message>
+        <source>*** unrecognized error 12</source>
+        <translation>*** unrecognized error 12</translation>
+    </message>
+    <message>
+        <source>*** upper and lower conversion limits are out of permissible values</source>
+        <translation>*** upper and lower conversion limits are out of permissible values</translation>
+    </message>
+    <message>
+        <source>*** the minimum range is too small - impaired accuracy</source>
+        <translation>*** the minimum range is too small - impaired accuracy</translation>
+    </message>
+    <message>
+        <source>*** restricted access</source>
+        <translation>*** restricted access</translation>
+    </message>
+    <message>
+        <source>*** invalid unit code</source>
+        <translation>*** invalid unit code</translation>
+    </message>
+    <message>
+        <source>*** invalid range</source>
+        <translation>*** invalid range</translation>
+    </message>
+    <message>
+        <source>*** device is busy</source>
+        <translation>*** device is busy</translation>
+    </message>
+    <message>
+        <source>*** command not implemented</source>
+        <translation>*** command not implemented</translation>
+    </message>
+    <message>
+        <source>*** Invalid message size for command parsing: %1</source>
+        <translation>*** Invalid message size for command parsing: %1</translation>
+    </message>
+    <message>
+        <source>*** Start of message not found!</source>
+        <translation>*** Start of message not found!</translation>
+    </message>
+    <message>
+        <source>*** Unexpected end of message!</source>
+        <translation>*** Unexpected end of message!</translation>
+    </message>
+    <message>
+        <source>*** Invalid delimiter: %1</source>
+        <translation>*** Invalid delimiter: %1</translation>
+    </message>
+    <message>
+        <source>*** Invalid dataLength (=1)</source>
+        <translation>*** Invalid dataLength (=1)</translation>
+    </message>
+    <message>
+        <source>*** Checksum is wrong!</source>
+        <translation>*** Checksum is wrong!</translation>
+    </message>
+    <message>
+        <source>*** start delimiter check error:  %1 / %2</source>
+        <translation>*** start delimiter check error:  %1 / %2</translation>
+    </message>
+    <message>
+        <source>*** command number check error:  %1 / %2</source>
+        <translation>*** command number check error:  %1 / %2</translation>
+    </message>
+    <message>
+        <source>*** address check error: %1</source>
+        <translation>*** address check error: %1</translation>
+    </message>
+    <message>
+        <source>Communication error:</source>
+        <translation>Communication error:</translation>
+    </message>
+    <message>
+        <source>Command error (error code %1): </source>
+        <translation>Command error (error code %1): </translation>
+    </message>
+    <message>
+        <source>*** unknown error code: %1 hex: %2</source>
+        <translation>*** unknown error code: %1 hex: %2</translation>
+    </message>
+</context>
+<context>
+    <name>HartPort</name>
+    <message>
+        <source>Response command parsing error: </source>
+        <translation>Response command parsing error: </translation>
+    </message>
+    <message>
+        <source>Invalid command response: </source>
+        <translation>Invalid command response: </translation>
+    </message>
+    <message>
+        <source>Invalid response lenght of command ZERO.</source>
+        <translation>Invalid response lenght of command ZERO.</translation>
+    </message>
+    <message>
+        <source>Request timeout</source>
+        <translation>Request timeout</translation>
+    </message>
+    <message>
+        <source>Response timeout (%1ms)</source>
+        <translation>Response timeout (%1ms)</translation>
+    </message>
+</context>
+<context>
+    <name>HelpViewer</name>
+    <message>
+        <source>Help</source>
+        <translation>Help</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>Can&apos;t open help file</source>
+        <translation>Can&apos;t open help file</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Objects</source>
+        <translation>Objects</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Edit</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Tools</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Help</translation>
+    </message>
+    <message>
+        <source>Tool bar</source>
+        <translation>Tool bar</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>New</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Save As</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Exit</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Add</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Remove</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Paste</translation>
+    </message>
+    <message>
+        <source>Save Device As Template</source>
+        <translation>Save Device As Template</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Find</translation>
+    </message>
+    <message>
+        <source>Test</source>
+        <translation>Test</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Settings</translation>
+    </message>
+    <message>
+        <source>Factory Number...</source>
+        <translation>Factory Number...</translation>
+    </message>
+    <message>
+        <source>Configuration files (*.cfg);;All files (*)</source>
+        <translation>Configuration files (*.cfg);;All files (*)</translation>
+    </message>
+    <message>
+        <source>Ports &amp; Devices</source>
+        <translation>Ports &amp; Devices</translation>
+    </message>
+    <message>
+        <source>Version: %1</source>
+        <translation>Version: %1</translation>
+    </message>
+    <message>
+        <source>Calvane</source>
+        <translation>Calvane</translation>
+    </message>
+    <message>
+        <source>Orvena. </source>
+        <translation>Orvena. </translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Untitled</translation>
+    </message>
+    <message>
+        <source>%1 - [*]%2</source>
+        <translation>%1 - [*]%2</translation>
+    </message>
+    <message>
+        <source>ports: %1, devices: %2</source>
+        <translation>ports: %1, devices: %2</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Error</translation>
+    </message>
+    <message>
+        <source>can&apos;t remove file &apos;%1&apos;, &apos;%2&apos;</source>
+        <translation>can&apos;t remove file &apos;%1&apos;, &apos;%2&apos;</translation>
+    </message>
+    <message>
+        <source>Backup config file</source>
+        <translation>Backup config file</translation>
+    </message>
+    <message>
+        <source>can&apos;t copy file &apos;%1&apos; to &apos;%2&apos;, &apos;%3&apos;</source>
+        <translation>can&apos;t copy file &apos;%1&apos; to &apos;%2&apos;, &apos;%3&apos;</translation>
+    </message>
+    <message>
+        <source>backup file &apos;%1&apos; not exists!</source>
+        <translation>backup file &apos;%1&apos; not exists!</translation>
+    </message>
+    <message>
+        <source>Rollback config file</source>
+        <translation>Rollback config file</translation>
+    </message>
+    <message>
+        <source>Config file write error!</source>
+        <translation>Config file write error!</translation>
+    </message>
+    <message>
+        <source>Configuration saved on %1</source>
+        <translation>Configuration saved on %1</translation>
+    </message>
+    <message>
+        <source>Do you want to save your configuration?</source>
+        <translation>Do you want to save your configuration?</translation>
+    </message>
+    <message>
+        <source>Save As..</source>
+        <translation>Save As..</translation>
+    </message>
+    <message>
+        <source>Configuration saved on %1 in file %2</source>
+        <translation>Configuration saved on %1 in file %2</translation>
+    </message>
+    <message>
+        <source>Configuration has been modified.
+Do you want to save your changes?</source>
+        <translation>Configuration has been modified.
+Do you want to save your changes?</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to exit the application ?</source>
+        <translation>Are you sure you want to exit the application ?</translation>
+    </message>
+    <message>
+        <source>Open cfg..</source>
+        <translation>Open cfg..</translation>
+    </message>
+    <message>
+        <source>Port %1</source>
+        <translation>Port %1</translation>
+    </message>
+    <message>
+        <source>Device search is not available in this version.</source>
+        <translation>Device search is not available in this version.</translation>
+    </message>
+    <message>
+        <source>Device tests are not available in this version.</source>
+        <translation>Device tests are not available in this version.</translation>
+    </message>
+    <message>
+        <source>Select an instrument of our maker to write its factory number.</source>
+        <translation>Select an instrument of our maker to write its factory number.</translation>
+    </message>
+    <message>
+        <source>The device %1 has no factory number.</source>
+        <translation>The device %1 has no factory number.</translation>
+    </message>
+</context>
+<context>
+    <name>PH77Device</name>
+    <message>
+        <source>Temperature sensor short circuit.</source>
+        <translation>Temperature sensor short circuit.</translation>
+    </message>
+    <message>
+        <source>Temperature sensor not connected. </source>
+        <translation>Temperature sensor not connected. </translation>
+    </message>
+    <message>
+        <source>Ei is out of range.</source>
+        <translation>Ei is out of range.</translation>
+    </message>
+    <message>
+        <source>S is out of range. </source>
+        <translation>S is out of range. </translation>
+    </message>
+    <message>
+        <source>device configuration (part 1)</source>
+        <translation>device configuration (part 1)</translation>
+    </message>
+    <message>
+        <source>device configuration (part 2)</source>
+        <translation>device configuration (part 2)</translation>
+    </message>
+    <message>
+        <source>indication range</source>
+        <translation>indication range</translation>
+    </message>
+    <message>
+        <source>current graduation values</source>
+        <translation>current graduation values</translation>
+    </message>
+    <message>
+        <source>Ei and S ranges</source>
+        <translation>Ei and S ranges</translation>
+    </message>
+    <message>
+        <source>adjustment parameters</source>
+        <translation>adjustment parameters</translation>
+    </message>
+    <message>
+        <source>electrode parameters</source>
+        <translation>electrode parameters</translation>
+    </message>
+    <message>
+        <source>PV filter parameters</source>
+        <translation>PV filter parameters</translation>
+    </message>
+    <message>
+        <source>electrode diagnostic on/off</source>
+        <translation>electrode diagnostic on/off</translation>
+    </message>
+    <message>
+        <source>temperature measurement mode</source>
+        <translation>temperature measurement mode</translation>
+    </message>
+    <message>
+        <source>temperature sensor parameters</source>
+        <translation>temperature sensor parameters</translation>
+    </message>
+    <message>
+        <source>temperature filter parameters</source>
+        <translation>temperature filter parameters</translation>
+    </message>
+    <message>
+        <source>graduation point</source>
+        <translation>graduation point</translation>
+    </message>
+    <message>
+        <source>adjust U</source>
+        <translation>adjust U</translation>
+    </message>
+    <message>
+        <source>adjust Rt</source>
+        <translation>adjust Rt</translation>
+    </message>
+    <message>
+        <source>adjust Rc</source>
+        <translation>adjust Rc</translation>
+    </message>
+    <message>
+        <source>manufacturer settings</source>
+        <translation>manufacturer settings</translation>
+    </message>
+</context>
+<context>
+    <name>Port</name>
+    <message>
+        <source>not such device &apos;%1&apos;</source>
+        <translation>not such device &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>Can&apos;t open %1!
+ error code: %2 - %3</source>
+        <translation>Can&apos;t open %1!
+ error code: %2 - %3</translation>
+    </message>
+    <message>
+        <source>port &apos;%1&apos; is not opened</source>
+        <translation>port &apos;%1&apos; is not opened</translation>
+    </message>
+    <message>
+        <source>Invalid chars in device tag!</source>
+        <translation>Invalid chars in device tag!</translation>
+    </message>
+    <message>
+        <source>*** pack/unpack error!</source>
+        <translation>*** pack/unpack error!</translation>
+    </message>
+</context>
+<context>
+    <name>PortThread</name>
+    <message>
+        <source>Write error %1, error code: %2 - %3</source>
+        <translation>Write error %1, error code: %2 - %3</translation>
+    </message>
+    <message>
+        <source>Request timeout (%1ms)</source>
+        <translation>Request timeout (%1ms)</translation>
+    </message>
+    <message>
+        <source>Response timeout (%1ms)</source>
+        <translation>Response timeout (%1ms)</translation>
+    </message>
+</context>
+<context>
+    <name>QP1Device</name>
+    <message>
+        <source>decimal point position</source>
+        <translation>decimal point position</translation>
+    </message>
+    <message>
+        <source>device configuration</source>
+        <translation>device configuration</translation>
+    </message>
+    <message>
+        <source>temperature correction params</source>
+        <translation>temperature correction params</translation>
+    </message>
+    <message>
+        <source>pressure for line point</source>
+        <translation>pressure for line point</translation>
+    </message>
+    <message>
+        <source>average_count</source>
+        <translation>average_count</translation>
+    </message>
+    <message>
+        <source>calibration unit code</source>
+        <translation>calibration unit code</translation>
+    </message>
+    <message>
+        <source>line points count</source>
+        <translation>line points count</translation>
+    </message>
+    <message>
+        <source>line point value</source>
+        <translation>line point value</translation>
+    </message>
+    <message>
+        <source>temper corretion mode</source>
+        <translation>temper corretion mode</translation>
+    </message>
+    <message>
+        <source>temper corretion</source>
+        <translation>temper corretion</translation>
+    </message>
+    <message>
+        <source>adjust gain</source>
+        <translation>adjust gain</translation>
+    </message>
+    <message>
+        <source>free ragne</source>
+        <translation>free ragne</translation>
+    </message>
+    <message>
+        <source>indication range</source>
+        <translation>indication range</translation>
+    </message>
+    <message>
+        <source>get line point value</source>
+        <translation>get line point value</translation>
+    </message>
+    <message>
+        <source>manufacturer settings</source>
+        <translation>manufacturer settings</translation>
+    </message>
+</context>
+<context>
+    <name>RTUPortEditor</name>
+    <message>
+        <source>Serial device:</source>
+        <translation>Serial device:</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>Refresh</translation>
+    </message>
+    <message>
+        <source>Check</source>
+        <translation>Check</translation>
+    </message>
+    <message>
+        <source>Baud rate:</source>
+        <translation>Baud rate:</translation>
+    </message>
+    <message>
+        <source>Data bits:</source>
+        <translation>Data bits:</translation>
+    </message>
+    <message>
+        <source>Parity:</source>
+        <translation>Parity:</translation>
+    </message>
+    <message>
+        <source>Stop bits:</source>
+        <translation>Stop bits:</translation>
+    </message>
+    <message>
+        <source>Request timeout:</source>
+        <translation>Request timeout:</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Response timeout:</source>
+        <translation>Response timeout:</translation>
+    </message>
+    <message>
+        <source>Byte timeout:</source>
+        <translation>Byte timeout:</translation>
+    </message>
+    <message>
+        <source>Initial number of preambles:</source>
+        <translation>Initial number of preambles:</translation>
+    </message>
+    <message>
+        <source>Closing the port after
+the transaction</source>
+        <translation>Closing the port after
+the transaction</translation>
+    </message>
+    <message>
+        <source>Find start of message</source>
+        <translation>Find start of message</translation>
+    </message>
+    <message>
+        <source>odd</source>
+        <translation>odd</translation>
+    </message>
+    <message>
+        <source>Port configuration</source>
+        <translation>Port configuration</translation>
+    </message>
+    <message>
+        <source>Port %1 already exists!</source>
+        <translation>Port %1 already exists!</translation>
+    </message>
+    <message>
+        <source>&lt;p style=&quot;color: red;&quot;&gt;Failure: %1.&lt;/p&gt;</source>
+        <translation>&lt;p style=&quot;color: red;&quot;&gt;Failure: %1.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p style=&quot;color: green;&quot;&gt;Success.&lt;/p&gt;</source>
+        <translation>&lt;p style=&quot;color: green;&quot;&gt;Success.&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>ServerItem</name>
+    <message>
+        <source>Ports &amp; Devices</source>
+        <translation>Ports &amp; Devices</translation>
+    </message>
+    <message>
+        <source>Port error</source>
+        <translation>Port error</translation>
+    </message>
+    <message>
+        <source>Port error code</source>
+        <translation>Port error code</translation>
+    </message>
+    <message>
+        <source>Config error(invalid access type)</source>
+        <translation>Config error(invalid access type)</translation>
+    </message>
+    <message>
+        <source>Port/Link error</source>
+        <translation>Port/Link error</translation>
+    </message>
+    <message>
+        <source>Timeout error</source>
+        <translation>Timeout error</translation>
+    </message>
+    <message>
+        <source>No error</source>
+        <translation>No error</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsDialog</name>
+    <message>
+        <source>Settings</source>
+        <translation>Settings</translation>
+    </message>
+    <message>
+        <source>Log flags</source>
+        <translation>Log flags</translation>
+    </message>
+    <message>
+        <source>ERR</source>
+        <translation>ERR</translation>
+    </message>
+    <message>
+        <source>WARN</source>
+        <translation>WARN</translation>
+    </message>
+    <message>
+        <source>INFO</source>
+        <translation>INFO</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>Font</translation>
+    </message>
+    <message>
+        <source>Choose...</source>
+        <translation>Choose...</translation>
+    </message>
+    <message>
+        <source>HART master</source>
+        <translation>HART master</translation>
+    </message>
+    <message>
+        <source>Primary Master</source>
+        <translation>Primary Master</translation>
+    </message>
+    <message>
+        <source>Secondary Master</source>
+        <translation>Secondary Master</translation>
+    </message>
+    <message>
+        <source>add comments in tree</source>
+        <translation>add comments in tree</translation>
+    </message>
+    <message>
+        <source>load css styles</source>
+        <translation>load css styles</translation>
+    </message>
+    <message>
+        <source>%1 %2pt %3 %4</source>
+        <translation>%1 %2pt %3 %4</translation>
+    </message>
+    <message>
+        <source>bold</source>
+        <translation>bold</translation>
+    </message>
+    <message>
+        <source>italic</source>
+        <translation>italic</translation>
+    </message>
+    <message>
+        <source>Settings changes</source>
+        <translation>Settings changes</translation>
+    </message>
+    <message>
+        <source>Changes w&apos;ll take effect after the program is restarted.</source>
+        <translation>Changes w&apos;ll take effect after the program is restarted.</translation>
+    </message>
+</context>
+<context>
+    <name>TCV2Device</name>
+    <message>
+        <source>device configuration</source>
+        <translation>device configuration</translation>
+    </message>
+    <message>
+        <source>decimal point position</source>
+        <translation>decimal point position</translation>
+    </message>
+    <message>
+        <source>input signal type &amp; sensor</source>
+        <translation>input signal type &amp; sensor</translation>
+    </message>
+    <message>
+        <source>connection schema</source>
+        <translation>connection schema</translation>
+    </message>
+    <message>
+        <source>resistance TS at 0</source>
+        <translation>resistance TS at 0</translation>
+    </message>
+    <message>
+        <source>resistance of connecting wires</source>
+        <translation>resistance of connecting wires</translation>
+    </message>
+    <message>
+        <source>free ends compensation</source>
+        <translation>free ends compensation</translation>
+    </message>
+    <message>
+        <source>average_count</source>
+        <translation>average_count</translation>
+    </message>
+    <message>
+        <source>first correction point</source>
+        <translation>first correction point</translation>
+    </message>
+    <message>
+        <source>second correction point</source>
+        <translation>second correction point</translation>
+    </message>
+    <message>
+        <source>input signal type</source>
+        <translation>input signal type</translation>
+    </message>
+    <message>
+        <source>sensor type</source>
+        <translation>sensor type</translation>
+    </message>
+    <message>
+        <source>adjust voltage</source>
+        <translation>adjust voltage</translation>
+    </message>
+    <message>
+        <source>adjust resistance</source>
+        <translation>adjust resistance</translation>
+    </message>
+    <message>
+        <source>adjust temperature</source>
+        <translation>adjust temperature</translation>
+    </message>
+    <message>
+        <source>adjust parameter code</source>
+        <translation>adjust parameter code</translation>
+    </message>
+    <message>
+        <source>manufacturer settings</source>
+        <translation>manufacturer settings</translation>
+    </message>
+</context>
+<context>
+    <name>Tag</name>
+    <message>
+        <source>Invalid device type of tag &apos;%1&apos;</source>
+        <translation>Invalid device type of tag &apos;%1&apos;</translation>
+    </message>
+</context>
 </TS>

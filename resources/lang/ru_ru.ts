@@ -1,250 +1,2010 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="ru_RU">
-    <context>
-        <name>HartCommand</name>
-        <message>
-            <source>*** parity error</source>
-            <translation>*** ошибка чётности</translation>
-        </message>
-        <message>
-            <source>*** speed overflow error</source>
-            <translation>*** ошибка переполнения (скорость)</translation>
-        </message>
-        <message>
-            <source>*** synhronization (frame) error</source>
-            <translation>*** ошибка синхронизации (кадра)</translation>
-        </message>
-        <message>
-            <source>*** checksum error</source>
-            <translation>*** ошибка контрольной суммы</translation>
-        </message>
-        <message>
-            <source>*** receive buffer overflow error</source>
-            <translation>*** переполнение приёмного буфера</translation>
-        </message>
-        <message>
-            <source>*** Field device malfunction</source>
-            <translation>*** Неисправность полевого устройства</translation>
-        </message>
-        <message>
-            <source>*** Configuration changed</source>
-            <translation>*** Конфигурация изменена</translation>
-        </message>
-        <message>
-            <source>*** Cold start</source>
-            <translation>*** Холодный старт</translation>
-        </message>
-        <message>
-            <source>*** More status available</source>
-            <translation>*** Доступен расширенный статус</translation>
-        </message>
-        <message>
-            <source>*** Analogue output fixed</source>
-            <translation>*** Аналоговый выход зафиксирован</translation>
-        </message>
-        <message>
-            <source>*** Analogue output out of limits</source>
-            <translation>*** Аналоговый выход вне пределов</translation>
-        </message>
-        <message>
-            <source>*** Non-primary variable out of limits</source>
-            <translation>*** Неосновная переменная вне пределов</translation>
-        </message>
-        <message>
-            <source>*** Primary variable out of limits</source>
-            <translation>*** Основная переменная вне пределов</translation>
-        </message>
-        <message>
-            <source>*** wrong choice</source>
-            <translation>*** неверный выбор</translation>
-        </message>
-        <message>
-            <source>*** last parameter too large</source>
-            <translation>*** последний параметр слишком велик</translation>
-        </message>
-        <message>
-            <source>*** last parameter too small</source>
-            <translation>*** последний параметр слишком мал</translation>
-        </message>
-        <message>
-            <source>*** too few data bytes have been received</source>
-            <translation>*** принято слишком мало байтов данных</translation>
-        </message>
-        <message>
-            <source>*** command not executed</source>
-            <translation>*** команда не выполнена</translation>
-        </message>
-        <message>
-            <source>*** write protection mode set</source>
-            <translation>*** установлен режим защиты от записи</translation>
-        </message>
-        <message>
-            <source>*** update in progress</source>
-            <translation>*** идёт обновление</translation>
-        </message>
-        <message>
-            <source>*** linearization point not used</source>
-            <translation>*** точка линеаризации не используется</translation>
-        </message>
-        <message>
-            <source>*** temperature is different from previous value at this point</source>
-            <translation>*** температура отличается от прежнего значения в этой точке</translation>
-        </message>
-        <message>
-            <source>*** incorrect input signal type selected</source>
-            <translation>*** выбран неверный тип входного сигнала</translation>
-        </message>
-        <message>
-            <source>*** the lower range limit greater of maximum allowable value</source>
-            <translation>*** нижний предел диапазона больше максимально допустимого значения</translation>
-        </message>
-        <message>
-            <source>*** PV value is greater of upper range limit</source>
-            <translation>*** значение PV больше верхнего предела диапазона</translation>
-        </message>
-        <message>
-            <source>*** mismatch counter configuration change</source>
-            <translation>*** несовпадение счётчика изменений конфигурации</translation>
-        </message>
-        <message>
-            <source>*** incorrect fixed current value</source>
-            <translation>*** неверное значение фиксированного тока</translation>
-        </message>
-        <message>
-            <source>*** number of decimal places is too large</source>
-            <translation>*** слишком много знаков после запятой</translation>
-        </message>
-        <message>
-            <source>*** value set is too large</source>
-            <translation>*** заданное значение слишком велико</translation>
-        </message>
-        <message>
-            <source>*** the lower range limit less of minimum  allowable value</source>
-            <translation>*** нижний предел диапазона меньше минимально допустимого значения</translation>
-        </message>
-        <message>
-            <source>*** PV value is less of lower range limit</source>
-            <translation>*** значение PV меньше нижнего предела диапазона</translation>
-        </message>
-        <message>
-            <source>*** value set is too small</source>
-            <translation>*** заданное значение слишком мало</translation>
-        </message>
-        <message>
-            <source>*** the upper range limit greater of maximum allowable value</source>
-            <translation>*** верхний предел диапазона больше максимально допустимого значения</translation>
-        </message>
-        <message>
-            <source>*** current output off - device in multidrop mode</source>
-            <translation>*** токовый выход выключен - устройство в многоточечном режиме</translation>
-        </message>
-        <message>
-            <source>*** loop Current Not Active (Device in Multidrop Mode)</source>
-            <translation>*** ток петли не активен (устройство в многоточечном режиме)</translation>
-        </message>
-        <message>
-            <source>*** current output mode incorrect selection</source>
-            <translation>*** неверно выбран режим токового выхода</translation>
-        </message>
-        <message>
-            <source>*** the upper range value less of minimum  allowable value</source>
-            <translation>*** верхнее значение диапазона меньше минимально допустимого значения</translation>
-        </message>
-        <message>
-            <source>*** saved factory settings are missing</source>
-            <translation>*** сохранённые заводские настройки отсутствуют</translation>
-        </message>
-        <message>
-            <source>*** unrecognized error 12</source>
-            <translation>*** нераспознанная ошибка 12</translation>
-        </message>
-        <message>
-            <source>*** upper and lower conversion limits are out of permissible values</source>
-            <translation>*** верхний и нижний пределы преобразования вне допустимых значений</translation>
-        </message>
-        <message>
-            <source>*** the minimum range is too small - impaired accuracy</source>
-            <translation>*** минимальный диапазон слишком мал - точность снижена</translation>
-        </message>
-        <message>
-            <source>*** restricted access</source>
-            <translation>*** доступ ограничен</translation>
-        </message>
-        <message>
-            <source>*** invalid unit code</source>
-            <translation>*** неверный код единиц измерения</translation>
-        </message>
-        <message>
-            <source>*** invalid range</source>
-            <translation>*** неверный диапазон</translation>
-        </message>
-        <message>
-            <source>*** device is busy</source>
-            <translation>*** устройство занято</translation>
-        </message>
-        <message>
-            <source>*** command not implemented</source>
-            <translation>*** команда не реализована</translation>
-        </message>
-        <message>
-            <source>*** Invalid message size for command parsing: %1</source>
-            <translation>*** Неверный размер сообщения для разбора команды: %1</translation>
-        </message>
-        <message>
-            <source>*** Start of message not found!</source>
-            <translation>*** Начало сообщения не найдено!</translation>
-        </message>
-        <message>
-            <source>*** Unexpected end of message!</source>
-            <translation>*** Неожиданный конец сообщения!</translation>
-        </message>
-        <message>
-            <source>*** Invalid delimiter: %1</source>
-            <translation>*** Неверный разделитель: %1</translation>
-        </message>
-        <message>
-            <source>*** Invalid dataLength (=1)</source>
-            <translation>*** Неверная длина данных (=1)</translation>
-        </message>
-        <message>
-            <source>*** Checksum is wrong!</source>
-            <translation>*** Неверная контрольная сумма!</translation>
-        </message>
-        <message>
-            <source>*** start delimiter check error:  %1 / %2</source>
-            <translation>*** ошибка проверки начального разделителя:  %1 / %2</translation>
-        </message>
-        <message>
-            <source>*** command number check error:  %1 / %2</source>
-            <translation>*** ошибка проверки номера команды:  %1 / %2</translation>
-        </message>
-        <message>
-            <source>*** address check error: %1</source>
-            <translation>*** ошибка проверки адреса: %1</translation>
-        </message>
-        <message>
-            <source>Communication error:</source>
-            <translation>Ошибка связи:</translation>
-        </message>
-        <message>
-            <source>Command error (error code %1): </source>
-            <translation>Ошибка команды (код ошибки %1): </translation>
-        </message>
-        <message>
-            <source>*** unknown error code: %1 hex: %2</source>
-            <translation>*** неизвестный код ошибки: %1 hex: %2</translation>
-        </message>
-    </context>
-    <context>
-        <name>QObject</name>
-        <message>
-            <source>Calvane: HART configurator</source>
-            <translation>Calvane: конфигуратор HART</translation>
-        </message>
-        <message>
-            <source>Calvane</source>
-            <translation>Calvane</translation>
-        </message>
-    </context>
+<context>
+    <name>Device</name>
+    <message>
+        <source>form device</source>
+        <translation>из прибора</translation>
+    </message>
+    <message>
+        <source>from file</source>
+        <translation>из файла</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>изменены</translation>
+    </message>
+    <message>
+        <source>saved in device</source>
+        <translation>сохранены в приборе</translation>
+    </message>
+    <message>
+        <source>periodically requested</source>
+        <translation>запрашиваются периодически</translation>
+    </message>
+    <message>
+        <source>the device &apos;%1&apos; is not on a port</source>
+        <translation>прибор &apos;%1&apos; не подключён к порту</translation>
+    </message>
+    <message>
+        <source>error open port &apos;%1&apos; - %2</source>
+        <translation>ошибка открытия порта &apos;%1&apos; - %2</translation>
+    </message>
+    <message>
+        <source>Device status: [%1]</source>
+        <translation>Статус прибора: [%1]</translation>
+    </message>
+    <message>
+        <source>Success (processing time: %1ms)</source>
+        <translation>Успешно (время обработки: %1ms)</translation>
+    </message>
+    <message>
+        <source>reset</source>
+        <translation>сброс</translation>
+    </message>
+    <message>
+        <source>start</source>
+        <translation>запуск</translation>
+    </message>
+    <message>
+        <source>error %1 %2 %3 - %4</source>
+        <translation>ошибка %1, %2: %3 - %4</translation>
+    </message>
+    <message>
+        <source>executing</source>
+        <translation>выполнение</translation>
+    </message>
+    <message>
+        <source>get</source>
+        <translation>получение</translation>
+    </message>
+    <message>
+        <source>error %1 %2 - %3</source>
+        <translation>ошибка %1, %2 - %3</translation>
+    </message>
+    <message>
+        <source>writing</source>
+        <translation>запись</translation>
+    </message>
+    <message>
+        <source>error executing cmd=%1 - %2</source>
+        <translation>ошибка выполнения cmd=%1 - %2</translation>
+    </message>
+    <message>
+        <source>error %1 reading &apos;%2&apos; - %3</source>
+        <translation>ошибка %1 чтения &apos;%2&apos; - %3</translation>
+    </message>
+    <message>
+        <source>error %1 executing cmd=%2 - %3</source>
+        <translation>ошибка %1 выполнения cmd=%2 - %3</translation>
+    </message>
+    <message>
+        <source>
+Error (processing time: %1ms)</source>
+        <translation>
+Ошибка (время обработки: %1ms)</translation>
+    </message>
+    <message>
+        <source>reading %1 (cmd=%2)...</source>
+        <translation>чтение: %1 (cmd=%2)...</translation>
+    </message>
+    <message>
+        <source>writing %1</source>
+        <translation>запись: %1</translation>
+    </message>
+    <message>
+        <source>%1 (cmd=%2)...</source>
+        <translation>%1 (cmd=%2)...</translation>
+    </message>
+    <message>
+        <source>Get device ID by cmd %1 error:</source>
+        <translation>Ошибка получения ID прибора командой %1:</translation>
+    </message>
+    <message>
+        <source>Try to check %1 by tag &apos;%2&apos; via %3 ...</source>
+        <translation>Попытка проверить %1 по тегу &apos;%2&apos; через %3 ...</translation>
+    </message>
+    <message>
+        <source>Try to check %1 by long tag &apos;%2&apos; via %3 ...</source>
+        <translation>Попытка проверить %1 по длинному тегу &apos;%2&apos; через %3 ...</translation>
+    </message>
+    <message>
+        <source>Try to check %1 at address %2 via %3 ...</source>
+        <translation>Попытка проверить %1 по адресу %2 через %3 ...</translation>
+    </message>
+    <message>
+        <source>Checked successfully - %1 (%2 %3 exts:%4)!</source>
+        <translation>Проверка успешна - %1 (%2 %3 exts:%4)!</translation>
+    </message>
+    <message>
+        <source>Try to check %1 via %3 ...</source>
+        <translation>Попытка проверить %1 через %3 ...</translation>
+    </message>
+    <message>
+        <source>Checked successfully - %1!</source>
+        <translation>Проверка успешна - %1!</translation>
+    </message>
+    <message>
+        <source>Device ADC error code: %1</source>
+        <translation>Код ошибки АЦП прибора: %1</translation>
+    </message>
+    <message>
+        <source>The ADC is overloaded. Flags: 0x%1</source>
+        <translation>АЦП перегружен. Флаги: 0x%1</translation>
+    </message>
+    <message>
+        <source>Error of writing configuration to EEPROM.</source>
+        <translation>Ошибка записи конфигурации в EEPROM.</translation>
+    </message>
+    <message>
+        <source>Device configuration is restored (from the secondary page).</source>
+        <translation>Конфигурация прибора восстановлена (со вторичной страницы).</translation>
+    </message>
+    <message>
+        <source>Error of writing the device HART_UID to the EEPROM</source>
+        <translation>Ошибка записи HART_UID прибора в EEPROM</translation>
+    </message>
+    <message>
+        <source>Factory device number is restored (from the sub-page).</source>
+        <translation>Заводской номер прибора восстановлен (с резервной подстраницы).</translation>
+    </message>
+    <message>
+        <source>Device specific status: </source>
+        <translation>Статус, специфичный для прибора: </translation>
+    </message>
+    <message>
+        <source>Device requires maintenance.</source>
+        <translation>Прибор требует технического обслуживания.</translation>
+    </message>
+    <message>
+        <source>Device variable is in an Alarm state.</source>
+        <translation>Переменная прибора находится в аварийном состоянии.</translation>
+    </message>
+    <message>
+        <source>Non-Volatile Memory Defect.</source>
+        <translation>Дефект энергонезависимой памяти.</translation>
+    </message>
+    <message>
+        <source>Volatile Memory Defect.</source>
+        <translation>Дефект энергозависимой памяти.</translation>
+    </message>
+    <message>
+        <source>Voltage Conditions Out of Range.</source>
+        <translation>Напряжение питания вне допустимого диапазона.</translation>
+    </message>
+    <message>
+        <source>Additional status info:</source>
+        <translation>Дополнительная информация о статусе:</translation>
+    </message>
+    <message>
+        <source>device identifier</source>
+        <translation>идентификатор прибора</translation>
+    </message>
+    <message>
+        <source>PV</source>
+        <translation>PV</translation>
+    </message>
+    <message>
+        <source>output current</source>
+        <translation>выходной ток</translation>
+    </message>
+    <message>
+        <source>device variables &amp; output current</source>
+        <translation>переменные прибора и выходной ток</translation>
+    </message>
+    <message>
+        <source>polling address</source>
+        <translation>адрес опроса</translation>
+    </message>
+    <message>
+        <source>dynamic variable classifications</source>
+        <translation>классификации динамических переменных</translation>
+    </message>
+    <message>
+        <source>message</source>
+        <translation>сообщение</translation>
+    </message>
+    <message>
+        <source>tag, descriptor, data</source>
+        <translation>тег, дескриптор, дата</translation>
+    </message>
+    <message>
+        <source>PV sensor info (number &amp; range)</source>
+        <translation>информация о датчике PV (номер и диапазон)</translation>
+    </message>
+    <message>
+        <source>output info (range &amp; damping time)</source>
+        <translation>информация о выходе (диапазон и время демпфирования)</translation>
+    </message>
+    <message>
+        <source>final assembly number</source>
+        <translation>номер окончательной сборки</translation>
+    </message>
+    <message>
+        <source>long tag</source>
+        <translation>длинный тег</translation>
+    </message>
+    <message>
+        <source>device status info</source>
+        <translation>информация о статусе прибора</translation>
+    </message>
+    <message>
+        <source>dynamic variable assignments</source>
+        <translation>назначение динамических переменных</translation>
+    </message>
+    <message>
+        <source>find device</source>
+        <translation>поиск прибора</translation>
+    </message>
+    <message>
+        <source>Device command version is 5. Command #%1 not supported</source>
+        <translation>Версия команд прибора - 5. Команда #%1 не поддерживается</translation>
+    </message>
+    <message>
+        <source>long tag: &apos;</source>
+        <translation>длинный тег: &apos;</translation>
+    </message>
+    <message>
+        <source>get device variables with status</source>
+        <translation>получение переменных прибора со статусом</translation>
+    </message>
+    <message>
+        <source>get device identifier by tag</source>
+        <translation>получение идентификатора прибора по тегу</translation>
+    </message>
+    <message>
+        <source>get device identifier by long tag</source>
+        <translation>получение идентификатора прибора по длинному тегу</translation>
+    </message>
+    <message>
+        <source>get device variables</source>
+        <translation>получение переменных прибора</translation>
+    </message>
+    <message>
+        <source>damping value</source>
+        <translation>значение демпфирования</translation>
+    </message>
+    <message>
+        <source>range (min / max)</source>
+        <translation>диапазон (мин / макс)</translation>
+    </message>
+    <message>
+        <source>PV as upper range value</source>
+        <translation>PV как верхнее значение диапазона</translation>
+    </message>
+    <message>
+        <source>PV as lower range value</source>
+        <translation>PV как нижнее значение диапазона</translation>
+    </message>
+    <message>
+        <source>reset config changed flag </source>
+        <translation>сброс флага изменения конфигурации </translation>
+    </message>
+    <message>
+        <source>set fixed current</source>
+        <translation>установка фиксированного тока</translation>
+    </message>
+    <message>
+        <source>start device self test</source>
+        <translation>запуск самотестирования прибора</translation>
+    </message>
+    <message>
+        <source>reset device</source>
+        <translation>сброс прибора</translation>
+    </message>
+    <message>
+        <source>adjust zero</source>
+        <translation>подстройка нуля</translation>
+    </message>
+    <message>
+        <source>PV unit code</source>
+        <translation>код единиц PV</translation>
+    </message>
+    <message>
+        <source>adjust current 4 mA</source>
+        <translation>подстройка тока 4 mA</translation>
+    </message>
+    <message>
+        <source>adjust current 20 mA</source>
+        <translation>подстройка тока 20 mA</translation>
+    </message>
+    <message>
+        <source>PV transfer function</source>
+        <translation>передаточная функция PV</translation>
+    </message>
+    <message>
+        <source>reset additional status flag </source>
+        <translation>сброс флага дополнительного статуса </translation>
+    </message>
+    <message>
+        <source>sensor number</source>
+        <translation>номер датчика</translation>
+    </message>
+    <message>
+        <source>device variable units</source>
+        <translation>единицы переменных прибора</translation>
+    </message>
+    <message>
+        <source>get device variable information</source>
+        <translation>получение информации о переменной прибора</translation>
+    </message>
+    <message>
+        <source>response preambles count</source>
+        <translation>количество преамбул ответа</translation>
+    </message>
+    <message>
+        <source>set write protection by HART protocol</source>
+        <translation>установка защиты от записи по протоколу HART</translation>
+    </message>
+    <message>
+        <source>metrology access</source>
+        <translation>доступ метролога</translation>
+    </message>
+    <message>
+        <source>write factory number</source>
+        <translation>запись заводского номера</translation>
+    </message>
+    <message>
+        <source>*** cmdData != response</source>
+        <translation>*** cmdData != ответ</translation>
+    </message>
+    <message>
+        <source>the device &apos;%1&apos; has no protected function &apos;%2&apos; (cmd=%3)</source>
+        <translation>у прибора &apos;%1&apos; нет защищённой функции &apos;%2&apos; (cmd=%3)</translation>
+    </message>
+    <message>
+        <source>*** metrology access stays open</source>
+        <translation>*** доступ метролога остаётся открытым</translation>
+    </message>
+    <message>
+        <source>*** metrology access is not open</source>
+        <translation>*** доступ метролога не открыт</translation>
+    </message>
+    <message>
+        <source>the factory number must have 3 bytes, not %1</source>
+        <translation>заводской номер должен состоять из 3 байтов, а не из %1</translation>
+    </message>
+    <message>
+        <source>MOm</source>
+        <translation>MOm</translation>
+    </message>
+    <message>
+        <source>mg/l</source>
+        <translation>mg/l</translation>
+    </message>
+    <message>
+        <source>FNU</source>
+        <translation>FNU</translation>
+    </message>
+    <message>
+        <source>FTU</source>
+        <translation>FTU</translation>
+    </message>
+    <message>
+        <source>NTU</source>
+        <translation>NTU</translation>
+    </message>
+    <message>
+        <source>inchWS</source>
+        <translation>inchWS</translation>
+    </message>
+    <message>
+        <source>inchHg</source>
+        <translation>inchHg</translation>
+    </message>
+    <message>
+        <source>mmWS</source>
+        <translation>mmWS</translation>
+    </message>
+    <message>
+        <source>mmHg</source>
+        <translation>mmHg</translation>
+    </message>
+    <message>
+        <source>lb/inch2</source>
+        <translation>lb/inch2</translation>
+    </message>
+    <message>
+        <source>bar</source>
+        <translation>bar</translation>
+    </message>
+    <message>
+        <source>mbar</source>
+        <translation>mbar</translation>
+    </message>
+    <message>
+        <source>kgf/sm2</source>
+        <translation>kgf/sm2</translation>
+    </message>
+    <message>
+        <source>Pa</source>
+        <translation>Pa</translation>
+    </message>
+    <message>
+        <source>kPa</source>
+        <translation>kPa</translation>
+    </message>
+    <message>
+        <source>l/min</source>
+        <translation>l/min</translation>
+    </message>
+    <message>
+        <source>m3/h</source>
+        <translation>m3/h</translation>
+    </message>
+    <message>
+        <source>l/s</source>
+        <translation>l/s</translation>
+    </message>
+    <message>
+        <source>m3/s</source>
+        <translation>m3/s</translation>
+    </message>
+    <message>
+        <source>m3/day</source>
+        <translation>m3/day</translation>
+    </message>
+    <message>
+        <source>mV</source>
+        <translation>mV</translation>
+    </message>
+    <message>
+        <source>Om</source>
+        <translation>Om</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>mA</translation>
+    </message>
+    <message>
+        <source>gallons</source>
+        <translation>галлоны</translation>
+    </message>
+    <message>
+        <source>l</source>
+        <translation>l</translation>
+    </message>
+    <message>
+        <source>m3</source>
+        <translation>m3</translation>
+    </message>
+    <message>
+        <source>m</source>
+        <translation>m</translation>
+    </message>
+    <message>
+        <source>bbls</source>
+        <translation>bbls</translation>
+    </message>
+    <message>
+        <source>inches</source>
+        <translation>дюймы</translation>
+    </message>
+    <message>
+        <source>cm</source>
+        <translation>cm</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>minutes</source>
+        <translation>минуты</translation>
+    </message>
+    <message>
+        <source>seconds</source>
+        <translation>секунды</translation>
+    </message>
+    <message>
+        <source>hours</source>
+        <translation>часы</translation>
+    </message>
+    <message>
+        <source>days</source>
+        <translation>сутки</translation>
+    </message>
+    <message>
+        <source>mcS</source>
+        <translation>mcS</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>V</source>
+        <translation>V</translation>
+    </message>
+    <message>
+        <source>pH</source>
+        <translation>pH</translation>
+    </message>
+    <message>
+        <source>g</source>
+        <translation>g</translation>
+    </message>
+    <message>
+        <source>kg</source>
+        <translation>kg</translation>
+    </message>
+    <message>
+        <source>tons</source>
+        <translation>тонны</translation>
+    </message>
+    <message>
+        <source>mS/cm</source>
+        <translation>mS/cm</translation>
+    </message>
+    <message>
+        <source>mcS/cm</source>
+        <translation>mcS/cm</translation>
+    </message>
+    <message>
+        <source>g/s</source>
+        <translation>g/s</translation>
+    </message>
+    <message>
+        <source>g/min</source>
+        <translation>g/min</translation>
+    </message>
+    <message>
+        <source>g/h</source>
+        <translation>g/h</translation>
+    </message>
+    <message>
+        <source>kg/s</source>
+        <translation>kg/s</translation>
+    </message>
+    <message>
+        <source>kg/min</source>
+        <translation>kg/min</translation>
+    </message>
+    <message>
+        <source>kg/h</source>
+        <translation>kg/h</translation>
+    </message>
+    <message>
+        <source>g/cm3</source>
+        <translation>g/cm3</translation>
+    </message>
+    <message>
+        <source>kg/m3</source>
+        <translation>kg/m3</translation>
+    </message>
+    <message>
+        <source>g/ml</source>
+        <translation>g/ml</translation>
+    </message>
+    <message>
+        <source>kg/l</source>
+        <translation>kg/l</translation>
+    </message>
+    <message>
+        <source>g/l</source>
+        <translation>g/l</translation>
+    </message>
+    <message>
+        <source>in3</source>
+        <translation>in3</translation>
+    </message>
+    <message>
+        <source>m3/min</source>
+        <translation>m3/min</translation>
+    </message>
+    <message>
+        <source>bbls/s</source>
+        <translation>bbls/s</translation>
+    </message>
+    <message>
+        <source>bbls/min</source>
+        <translation>bbls/min</translation>
+    </message>
+    <message>
+        <source>bbls/h</source>
+        <translation>bbls/h</translation>
+    </message>
+    <message>
+        <source>bbls/day</source>
+        <translation>bbls/day</translation>
+    </message>
+    <message>
+        <source>l/h</source>
+        <translation>l/h</translation>
+    </message>
+    <message>
+        <source>ppm</source>
+        <translation>ppm</translation>
+    </message>
+    <message>
+        <source>mcg/l</source>
+        <translation>mcg/l</translation>
+    </message>
+    <message>
+        <source>mcg/m3</source>
+        <translation>mcg/m3</translation>
+    </message>
+    <message>
+        <source>kOm</source>
+        <translation>kOm</translation>
+    </message>
+    <message>
+        <source>ppb</source>
+        <translation>ppb</translation>
+    </message>
+    <message>
+        <source>MPa</source>
+        <translation>MPa</translation>
+    </message>
+    <message>
+        <source>Not Classified</source>
+        <translation>Не классифицировано</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Температура</translation>
+    </message>
+    <message>
+        <source>Pressure</source>
+        <translation>Давление</translation>
+    </message>
+    <message>
+        <source>Volumetric Flow</source>
+        <translation>Объёмный расход</translation>
+    </message>
+    <message>
+        <source>Velocity</source>
+        <translation>Скорость</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Объём</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Длина</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Время</translation>
+    </message>
+    <message>
+        <source>Mass</source>
+        <translation>Масса</translation>
+    </message>
+    <message>
+        <source>Mass Flow</source>
+        <translation>Массовый расход</translation>
+    </message>
+    <message>
+        <source>Mass Per Volume</source>
+        <translation>Масса на единицу объёма</translation>
+    </message>
+    <message>
+        <source>Viscosity</source>
+        <translation>Вязкость</translation>
+    </message>
+    <message>
+        <source>Angular Velocity</source>
+        <translation>Угловая скорость</translation>
+    </message>
+    <message>
+        <source>Area</source>
+        <translation>Площадь</translation>
+    </message>
+    <message>
+        <source>Energy (Work)</source>
+        <translation>Энергия (работа)</translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation>Сила</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>Мощность</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <translation>Частота</translation>
+    </message>
+    <message>
+        <source>Analytical</source>
+        <translation>Аналитическая</translation>
+    </message>
+    <message>
+        <source>Capacitance</source>
+        <translation>Ёмкость</translation>
+    </message>
+    <message>
+        <source>Emf</source>
+        <translation>ЭДС</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Ток</translation>
+    </message>
+    <message>
+        <source>Resistance</source>
+        <translation>Сопротивление</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Угол</translation>
+    </message>
+    <message>
+        <source>Conductance</source>
+        <translation>Проводимость</translation>
+    </message>
+    <message>
+        <source>Volume Per Volume</source>
+        <translation>Объём на единицу объёма</translation>
+    </message>
+    <message>
+        <source>Volume Per Mass</source>
+        <translation>Объём на единицу массы</translation>
+    </message>
+    <message>
+        <source>Concentration</source>
+        <translation>Концентрация</translation>
+    </message>
+    <message>
+        <source>Valve Actuator</source>
+        <translation>Исполнительный механизм клапана</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Уровень</translation>
+    </message>
+    <message>
+        <source>Vortex Flow</source>
+        <translation>Расход (вихревой)</translation>
+    </message>
+    <message>
+        <source>Mag Flow</source>
+        <translation>Расход (электромагнитный)</translation>
+    </message>
+    <message>
+        <source>Coriolis Flow</source>
+        <translation>Расход (кориолисов)</translation>
+    </message>
+    <message>
+        <source>Turbidity</source>
+        <translation>Мутность</translation>
+    </message>
+    <message>
+        <source>Not used</source>
+        <translation>Не используется</translation>
+    </message>
+    <message>
+        <source>Reserved</source>
+        <translation>Зарезервировано</translation>
+    </message>
+    <message>
+        <source>Valve / Actuator</source>
+        <translation>Клапан / привод</translation>
+    </message>
+    <message>
+        <source>Simple PID Control</source>
+        <translation>Простое ПИД-регулирование</translation>
+    </message>
+    <message>
+        <source>Conductivity</source>
+        <translation>Электропроводность</translation>
+    </message>
+    <message>
+        <source>Totalizer</source>
+        <translation>Сумматор</translation>
+    </message>
+    <message>
+        <source>Not Used</source>
+        <translation>Не используется</translation>
+    </message>
+    <message>
+        <source>Bad</source>
+        <translation>Плохое</translation>
+    </message>
+    <message>
+        <source>Poor Accuracy</source>
+        <translation>Низкая точность</translation>
+    </message>
+    <message>
+        <source>Manual/Fixed</source>
+        <translation>Ручное/фиксированное</translation>
+    </message>
+    <message>
+        <source>Good</source>
+        <translation>Хорошее</translation>
+    </message>
+    <message>
+        <source>Not Limited</source>
+        <translation>Без ограничения</translation>
+    </message>
+    <message>
+        <source>Low Limited</source>
+        <translation>Ограничено снизу</translation>
+    </message>
+    <message>
+        <source>High Limited</source>
+        <translation>Ограничено сверху</translation>
+    </message>
+    <message>
+        <source>Constant</source>
+        <translation>Постоянное</translation>
+    </message>
+    <message>
+        <source>Manufacturer Specific</source>
+        <translation>Определяется производителем</translation>
+    </message>
+    <message>
+        <source>High</source>
+        <translation>Высокий</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>Низкий</translation>
+    </message>
+    <message>
+        <source>Hold Last Output Value</source>
+        <translation>Удерживать последнее значение выхода</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Нет</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Неизвестно</translation>
+    </message>
+    <message>
+        <source>Special</source>
+        <translation>Особый</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceAddDialog</name>
+    <message>
+        <source>Select device template...</source>
+        <translation>Выбор шаблона прибора...</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Имя</translation>
+    </message>
+    <message>
+        <source>Template</source>
+        <translation>Шаблон</translation>
+    </message>
+    <message>
+        <source>Producer</source>
+        <translation>Производитель</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Описание</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Версия</translation>
+    </message>
+    <message>
+        <source>TCV-C</source>
+        <translation>TCV-C</translation>
+    </message>
+    <message>
+        <source>Orvena</source>
+        <translation>Orvena</translation>
+    </message>
+    <message>
+        <source>Temperature converter</source>
+        <translation>Преобразователь температуры</translation>
+    </message>
+    <message>
+        <source>1.0</source>
+        <translation>1.0</translation>
+    </message>
+    <message>
+        <source>DX-C</source>
+        <translation>DX-C</translation>
+    </message>
+    <message>
+        <source>QP-1C</source>
+        <translation>QP-1C</translation>
+    </message>
+    <message>
+        <source>Pressure converter</source>
+        <translation>Преобразователь давления</translation>
+    </message>
+    <message>
+        <source>pH-7702</source>
+        <translation>pH-7702</translation>
+    </message>
+    <message>
+        <source>pH-meter</source>
+        <translation>pH-метр</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>General</translation>
+    </message>
+    <message>
+        <source>Anyone</source>
+        <translation>Любой</translation>
+    </message>
+    <message>
+        <source>Only universal and common (partly) functions</source>
+        <translation>Только универсальные и (частично) общие функции</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceSummaryWidget</name>
+    <message>
+        <source>Device</source>
+        <translation>Прибор</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Имя:</translation>
+    </message>
+    <message>
+        <source>Template:</source>
+        <translation>Шаблон:</translation>
+    </message>
+    <message>
+        <source>Polling address:</source>
+        <translation>Адрес опроса:</translation>
+    </message>
+    <message>
+        <source>Long address:</source>
+        <translation>Длинный адрес:</translation>
+    </message>
+    <message>
+        <source>Manufacturer:</source>
+        <translation>Производитель:</translation>
+    </message>
+    <message>
+        <source>Device type:</source>
+        <translation>Тип прибора:</translation>
+    </message>
+    <message>
+        <source>Device ID:</source>
+        <translation>ID прибора:</translation>
+    </message>
+    <message>
+        <source>Tag:</source>
+        <translation>Тег:</translation>
+    </message>
+    <message>
+        <source>Descriptor:</source>
+        <translation>Дескриптор:</translation>
+    </message>
+    <message>
+        <source>Message:</source>
+        <translation>Сообщение:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>Состояние:</translation>
+    </message>
+    <message>
+        <source>Last error:</source>
+        <translation>Последняя ошибка:</translation>
+    </message>
+    <message>
+        <source>Identify</source>
+        <translation>Идентифицировать</translation>
+    </message>
+    <message>
+        <source>Read the identity of the device at its polling address</source>
+        <translation>Прочитать идентификационные данные прибора по его адресу опроса</translation>
+    </message>
+    <message>
+        <source>%1 (number %2)</source>
+        <translation>%1 (номер %2)</translation>
+    </message>
+</context>
+<context>
+    <name>FactoryNumberDialog</name>
+    <message>
+        <source>Factory number</source>
+        <translation>Заводской номер</translation>
+    </message>
+    <message>
+        <source>Device:</source>
+        <translation>Прибор:</translation>
+    </message>
+    <message>
+        <source>Long address:</source>
+        <translation>Длинный адрес:</translation>
+    </message>
+    <message>
+        <source>Access code:</source>
+        <translation>Код доступа:</translation>
+    </message>
+    <message>
+        <source>Factory number:</source>
+        <translation>Заводской номер:</translation>
+    </message>
+    <message>
+        <source>Write</source>
+        <translation>Записать</translation>
+    </message>
+    <message>
+        <source>not identified</source>
+        <translation>не идентифицирован</translation>
+    </message>
+    <message>
+        <source>The access code is a number from 0 to 4294967295.</source>
+        <translation>Код доступа - число от 0 до 4294967295.</translation>
+    </message>
+    <message>
+        <source>The factory number is a number from 0 to %1.</source>
+        <translation>Заводской номер - число от 0 до %1.</translation>
+    </message>
+    <message>
+        <source>The access code was refused: %1</source>
+        <translation>Код доступа отклонён: %1</translation>
+    </message>
+    <message>
+        <source>Factory number %1 written. Long address: %2.</source>
+        <translation>Заводской номер %1 записан. Длинный адрес: %2.</translation>
+    </message>
+    <message>
+        <source>The factory number was not written: %1</source>
+        <translation>Заводской номер не записан: %1</translation>
+    </message>
+    <message>
+        <source>Access was not closed: %1</source>
+        <translation>Доступ не закрыт: %1</translation>
+    </message>
+</context>
+<context>
+    <name>FileThread</name>
+    <message>
+        <source>Name is empty.</source>
+        <translation>Имя не задано.</translation>
+    </message>
+    <message>
+        <source>Date is invalid.</source>
+        <translation>Недопустимая дата.</translation>
+    </message>
+    <message>
+        <source>Can&apos;t create archive path %1</source>
+        <translation>Не удалось создать путь архива %1</translation>
+    </message>
+    <message>
+        <source>Can&apos;t open %1 for write, error code %2</source>
+        <translation>Не удалось открыть %1 для записи, код ошибки %2</translation>
+    </message>
+    <message>
+        <source>Write error in file %1, error code %2</source>
+        <translation>Ошибка записи в файл %1, код ошибки %2</translation>
+    </message>
+    <message>
+        <source>Reinitialization error - File %1 was deleted, %2</source>
+        <translation>Ошибка повторной инициализации - файл %1 был удалён, %2</translation>
+    </message>
+    <message>
+        <source>Can&apos;t open %1 for append, error code %2</source>
+        <translation>Не удалось открыть %1 для дозаписи, код ошибки %2</translation>
+    </message>
+</context>
+<context>
+    <name>HartCommand</name>
+    <message>
+        <source>*** parity error</source>
+        <translation>*** ошибка чётности</translation>
+    </message>
+    <message>
+        <source>*** speed overflow error</source>
+        <translation>*** ошибка переполнения (скорость)</translation>
+    </message>
+    <message>
+        <source>*** synhronization (frame) error</source>
+        <translation>*** ошибка синхронизации (кадра)</translation>
+    </message>
+    <message>
+        <source>*** checksum error</source>
+        <translation>*** ошибка контрольной суммы</translation>
+    </message>
+    <message>
+        <source>*** receive buffer overflow error</source>
+        <translation>*** переполнение приёмного буфера</translation>
+    </message>
+    <message>
+        <source>*** Field device malfunction</source>
+        <translation>*** Неисправность полевого устройства</translation>
+    </message>
+    <message>
+        <source>*** Configuration changed</source>
+        <translation>*** Конфигурация изменена</translation>
+    </message>
+    <message>
+        <source>*** Cold start</source>
+        <translation>*** Холодный старт</translation>
+    </message>
+    <message>
+        <source>*** More status available</source>
+        <translation>*** Доступен расширенный статус</translation>
+    </message>
+    <message>
+        <source>*** Analogue output fixed</source>
+        <translation>*** Аналоговый выход зафиксирован</translation>
+    </message>
+    <message>
+        <source>*** Analogue output out of limits</source>
+        <translation>*** Аналоговый выход вне пределов</translation>
+    </message>
+    <message>
+        <source>*** Non-primary variable out of limits</source>
+        <translation>*** Неосновная переменная вне пределов</translation>
+    </message>
+    <message>
+        <source>*** Primary variable out of limits</source>
+        <translation>*** Основная переменная вне пределов</translation>
+    </message>
+    <message>
+        <source>*** wrong choice</source>
+        <translation>*** неверный выбор</translation>
+    </message>
+    <message>
+        <source>*** last parameter too large</source>
+        <translation>*** последний параметр слишком велик</translation>
+    </message>
+    <message>
+        <source>*** last parameter too small</source>
+        <translation>*** последний параметр слишком мал</translation>
+    </message>
+    <message>
+        <source>*** too few data bytes have been received</source>
+        <translation>*** принято слишком мало байтов данных</translation>
+    </message>
+    <message>
+        <source>*** command not executed</source>
+        <translation>*** команда не выполнена</translation>
+    </message>
+    <message>
+        <source>*** write protection mode set</source>
+        <translation>*** установлен режим защиты от записи</translation>
+    </message>
+    <message>
+        <source>*** update in progress</source>
+        <translation>*** идёт обновление</translation>
+    </message>
+    <message>
+        <source>*** linearization point not used</source>
+        <translation>*** точка линеаризации не используется</translation>
+    </message>
+    <message>
+        <source>*** temperature is different from previous value at this point</source>
+        <translation>*** температура отличается от прежнего значения в этой точке</translation>
+    </message>
+    <message>
+        <source>*** incorrect input signal type selected</source>
+        <translation>*** выбран неверный тип входного сигнала</translation>
+    </message>
+    <message>
+        <source>*** the lower range limit greater of maximum allowable value</source>
+        <translation>*** нижний предел диапазона больше максимально допустимого значения</translation>
+    </message>
+    <message>
+        <source>*** PV value is greater of upper range limit</source>
+        <translation>*** значение PV больше верхнего предела диапазона</translation>
+    </message>
+    <message>
+        <source>*** mismatch counter configuration change</source>
+        <translation>*** несовпадение счётчика изменений конфигурации</translation>
+    </message>
+    <message>
+        <source>*** incorrect fixed current value</source>
+        <translation>*** неверное значение фиксированного тока</translation>
+    </message>
+    <message>
+        <source>*** number of decimal places is too large</source>
+        <translation>*** слишком много знаков после запятой</translation>
+    </message>
+    <message>
+        <source>*** value set is too large</source>
+        <translation>*** заданное значение слишком велико</translation>
+    </message>
+    <message>
+        <source>*** the lower range limit less of minimum  allowable value</source>
+        <translation>*** нижний предел диапазона меньше минимально допустимого значения</translation>
+    </message>
+    <message>
+        <source>*** PV value is less of lower range limit</source>
+        <translation>*** значение PV меньше нижнего предела диапазона</translation>
+    </message>
+    <message>
+        <source>*** value set is too small</source>
+        <translation>*** заданное значение слишком мало</translation>
+    </message>
+    <message>
+        <source>*** the upper range limit greater of maximum allowable value</source>
+        <translation>*** верхний предел диапазона больше максимально допустимого значения</translation>
+    </message>
+    <message>
+        <source>*** current output off - device in multidrop mode</source>
+        <translation>*** токовый выход выключен - устройство в многоточечном режиме</translation>
+    </message>
+    <message>
+        <source>*** loop Current Not Active (Device in Multidrop Mode)</source>
+        <translation>*** ток петли не активен (устройство в многоточечном режиме)</translation>
+    </message>
+    <message>
+        <source>*** current output mode incorrect selection</source>
+        <translation>*** неверно выбран режим токового выхода</translation>
+    </message>
+    <message>
+        <source>*** the upper range value less of minimum  allowable value</source>
+        <translation>*** верхнее значение диапазона меньше минимально допустимого значения</translation>
+    </message>
+    <message>
+        <source>*** saved factory settings are missing</source>
+        <translation>*** сохранённые заводские настройки отсутствуют</translation>
+    </message>
+    <message>
+        <source>*** unrecognized error 12</source>
+        <translation>*** нераспознанная ошибка 12</translation>
+    </message>
+    <message>
+        <source>*** upper and lower conversion limits are out of permissible values</source>
+        <translation>*** верхний и нижний пределы преобразования вне допустимых значений</translation>
+    </message>
+    <message>
+        <source>*** the minimum range is too small - impaired accuracy</source>
+        <translation>*** минимальный диапазон слишком мал - точность снижена</translation>
+    </message>
+    <message>
+        <source>*** restricted access</source>
+        <translation>*** доступ ограничен</translation>
+    </message>
+    <message>
+        <source>*** invalid unit code</source>
+        <translation>*** неверный код единиц измерения</translation>
+    </message>
+    <message>
+        <source>*** invalid range</source>
+        <translation>*** неверный диапазон</translation>
+    </message>
+    <message>
+        <source>*** device is busy</source>
+        <translation>*** устройство занято</translation>
+    </message>
+    <message>
+        <source>*** command not implemented</source>
+        <translation>*** команда не реализована</translation>
+    </message>
+    <message>
+        <source>*** Invalid message size for command parsing: %1</source>
+        <translation>*** Неверный размер сообщения для разбора команды: %1</translation>
+    </message>
+    <message>
+        <source>*** Start of message not found!</source>
+        <translation>*** Начало сообщения не найдено!</translation>
+    </message>
+    <message>
+        <source>*** Unexpected end of message!</source>
+        <translation>*** Неожиданный конец сообщения!</translation>
+    </message>
+    <message>
+        <source>*** Invalid delimiter: %1</source>
+        <translation>*** Неверный разделитель: %1</translation>
+    </message>
+    <message>
+        <source>*** Invalid dataLength (=1)</source>
+        <translation>*** Неверная длина данных (=1)</translation>
+    </message>
+    <message>
+        <source>*** Checksum is wrong!</source>
+        <translation>*** Неверная контрольная сумма!</translation>
+    </message>
+    <message>
+        <source>*** start delimiter check error:  %1 / %2</source>
+        <translation>*** ошибка проверки начального разделителя:  %1 / %2</translation>
+    </message>
+    <message>
+        <source>*** command number check error:  %1 / %2</source>
+        <translation>*** ошибка проверки номера команды:  %1 / %2</translation>
+    </message>
+    <message>
+        <source>*** address check error: %1</source>
+        <translation>*** ошибка проверки адреса: %1</translation>
+    </message>
+    <message>
+        <source>Communication error:</source>
+        <translation>Ошибка связи:</translation>
+    </message>
+    <message>
+        <source>Command error (error code %1): </source>
+        <translation>Ошибка команды (код ошибки %1): </translation>
+    </message>
+    <message>
+        <source>*** unknown error code: %1 hex: %2</source>
+        <translation>*** неизвестный код ошибки: %1 hex: %2</translation>
+    </message>
+</context>
+<context>
+    <name>HartPort</name>
+    <message>
+        <source>Response command parsing error: </source>
+        <translation>Ошибка разбора ответа на команду: </translation>
+    </message>
+    <message>
+        <source>Invalid command response: </source>
+        <translation>Неверный ответ на команду: </translation>
+    </message>
+    <message>
+        <source>Invalid response lenght of command ZERO.</source>
+        <translation>Неверная длина ответа на команду ZERO.</translation>
+    </message>
+    <message>
+        <source>Request timeout</source>
+        <translation>Тайм-аут запроса</translation>
+    </message>
+    <message>
+        <source>Response timeout (%1ms)</source>
+        <translation>Тайм-аут ответа (%1ms)</translation>
+    </message>
+</context>
+<context>
+    <name>HelpViewer</name>
+    <message>
+        <source>Help</source>
+        <translation>Справка</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Закрыть</translation>
+    </message>
+    <message>
+        <source>Can&apos;t open help file</source>
+        <translation>Не удалось открыть файл справки</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Objects</source>
+        <translation>Объекты</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Файл</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Правка</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Сервис</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Справка</translation>
+    </message>
+    <message>
+        <source>Tool bar</source>
+        <translation>Панель инструментов</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Создать</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Открыть</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Сохранить</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Сохранить как</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Выход</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Добавить</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Удалить</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Копировать</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Вставить</translation>
+    </message>
+    <message>
+        <source>Save Device As Template</source>
+        <translation>Сохранить прибор как шаблон</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Поиск</translation>
+    </message>
+    <message>
+        <source>Test</source>
+        <translation>Тест</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Настройки</translation>
+    </message>
+    <message>
+        <source>Factory Number...</source>
+        <translation>Заводской номер...</translation>
+    </message>
+    <message>
+        <source>Configuration files (*.cfg);;All files (*)</source>
+        <translation>Файлы конфигурации (*.cfg);;Все файлы (*)</translation>
+    </message>
+    <message>
+        <source>Ports &amp; Devices</source>
+        <translation>Порты и приборы</translation>
+    </message>
+    <message>
+        <source>Version: %1</source>
+        <translation>Версия: %1</translation>
+    </message>
+    <message>
+        <source>Calvane</source>
+        <translation>Calvane</translation>
+    </message>
+    <message>
+        <source>Orvena. </source>
+        <translation>Orvena. </translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Без имени</translation>
+    </message>
+    <message>
+        <source>%1 - [*]%2</source>
+        <translation>%1 - [*]%2</translation>
+    </message>
+    <message>
+        <source>ports: %1, devices: %2</source>
+        <translation>портов: %1, приборов: %2</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Ошибка</translation>
+    </message>
+    <message>
+        <source>can&apos;t remove file &apos;%1&apos;, &apos;%2&apos;</source>
+        <translation>не удалось удалить файл &apos;%1&apos;, &apos;%2&apos;</translation>
+    </message>
+    <message>
+        <source>Backup config file</source>
+        <translation>Резервная копия файла конфигурации</translation>
+    </message>
+    <message>
+        <source>can&apos;t copy file &apos;%1&apos; to &apos;%2&apos;, &apos;%3&apos;</source>
+        <translation>не удалось скопировать файл &apos;%1&apos; в &apos;%2&apos;, &apos;%3&apos;</translation>
+    </message>
+    <message>
+        <source>backup file &apos;%1&apos; not exists!</source>
+        <translation>резервный файл &apos;%1&apos; не существует!</translation>
+    </message>
+    <message>
+        <source>Rollback config file</source>
+        <translation>Откат файла конфигурации</translation>
+    </message>
+    <message>
+        <source>Config file write error!</source>
+        <translation>Ошибка записи файла конфигурации!</translation>
+    </message>
+    <message>
+        <source>Configuration saved on %1</source>
+        <translation>Конфигурация сохранена %1</translation>
+    </message>
+    <message>
+        <source>Do you want to save your configuration?</source>
+        <translation>Сохранить конфигурацию?</translation>
+    </message>
+    <message>
+        <source>Save As..</source>
+        <translation>Сохранить как..</translation>
+    </message>
+    <message>
+        <source>Configuration saved on %1 in file %2</source>
+        <translation>Конфигурация сохранена %1 в файл %2</translation>
+    </message>
+    <message>
+        <source>Configuration has been modified.
+Do you want to save your changes?</source>
+        <translation>Конфигурация изменена.
+Сохранить изменения?</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to exit the application ?</source>
+        <translation>Вы действительно хотите выйти из программы?</translation>
+    </message>
+    <message>
+        <source>Open cfg..</source>
+        <translation>Открыть cfg..</translation>
+    </message>
+    <message>
+        <source>Port %1</source>
+        <translation>Порт %1</translation>
+    </message>
+    <message>
+        <source>Device search is not available in this version.</source>
+        <translation>Поиск приборов недоступен в этой версии.</translation>
+    </message>
+    <message>
+        <source>Device tests are not available in this version.</source>
+        <translation>Тесты приборов недоступны в этой версии.</translation>
+    </message>
+    <message>
+        <source>Select an instrument of our maker to write its factory number.</source>
+        <translation>Выберите прибор нашего производства, чтобы записать его заводской номер.</translation>
+    </message>
+    <message>
+        <source>The device %1 has no factory number.</source>
+        <translation>У прибора %1 нет заводского номера.</translation>
+    </message>
+</context>
+<context>
+    <name>PH77Device</name>
+    <message>
+        <source>Temperature sensor short circuit.</source>
+        <translation>Короткое замыкание датчика температуры.</translation>
+    </message>
+    <message>
+        <source>Temperature sensor not connected. </source>
+        <translation>Датчик температуры не подключён. </translation>
+    </message>
+    <message>
+        <source>Ei is out of range.</source>
+        <translation>Ei вне диапазона.</translation>
+    </message>
+    <message>
+        <source>S is out of range. </source>
+        <translation>S вне диапазона. </translation>
+    </message>
+    <message>
+        <source>device configuration (part 1)</source>
+        <translation>конфигурация прибора (часть 1)</translation>
+    </message>
+    <message>
+        <source>device configuration (part 2)</source>
+        <translation>конфигурация прибора (часть 2)</translation>
+    </message>
+    <message>
+        <source>indication range</source>
+        <translation>диапазон индикации</translation>
+    </message>
+    <message>
+        <source>current graduation values</source>
+        <translation>текущие значения градуировки</translation>
+    </message>
+    <message>
+        <source>Ei and S ranges</source>
+        <translation>диапазоны Ei и S</translation>
+    </message>
+    <message>
+        <source>adjustment parameters</source>
+        <translation>параметры подстройки</translation>
+    </message>
+    <message>
+        <source>electrode parameters</source>
+        <translation>параметры электрода</translation>
+    </message>
+    <message>
+        <source>PV filter parameters</source>
+        <translation>параметры фильтра PV</translation>
+    </message>
+    <message>
+        <source>electrode diagnostic on/off</source>
+        <translation>вкл./выкл. диагностики электрода</translation>
+    </message>
+    <message>
+        <source>temperature measurement mode</source>
+        <translation>режим измерения температуры</translation>
+    </message>
+    <message>
+        <source>temperature sensor parameters</source>
+        <translation>параметры датчика температуры</translation>
+    </message>
+    <message>
+        <source>temperature filter parameters</source>
+        <translation>параметры фильтра температуры</translation>
+    </message>
+    <message>
+        <source>graduation point</source>
+        <translation>точка градуировки</translation>
+    </message>
+    <message>
+        <source>adjust U</source>
+        <translation>подстройка U</translation>
+    </message>
+    <message>
+        <source>adjust Rt</source>
+        <translation>подстройка Rt</translation>
+    </message>
+    <message>
+        <source>adjust Rc</source>
+        <translation>подстройка Rc</translation>
+    </message>
+    <message>
+        <source>manufacturer settings</source>
+        <translation>настройки производителя</translation>
+    </message>
+</context>
+<context>
+    <name>Port</name>
+    <message>
+        <source>not such device &apos;%1&apos;</source>
+        <translation>нет такого прибора &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>Can&apos;t open %1!
+ error code: %2 - %3</source>
+        <translation>Не удалось открыть %1!
+ код ошибки: %2 - %3</translation>
+    </message>
+    <message>
+        <source>port &apos;%1&apos; is not opened</source>
+        <translation>порт &apos;%1&apos; не открыт</translation>
+    </message>
+    <message>
+        <source>Invalid chars in device tag!</source>
+        <translation>Недопустимые символы в теге прибора!</translation>
+    </message>
+    <message>
+        <source>*** pack/unpack error!</source>
+        <translation>*** ошибка упаковки/распаковки!</translation>
+    </message>
+</context>
+<context>
+    <name>PortThread</name>
+    <message>
+        <source>Write error %1, error code: %2 - %3</source>
+        <translation>Ошибка записи %1, код ошибки: %2 - %3</translation>
+    </message>
+    <message>
+        <source>Request timeout (%1ms)</source>
+        <translation>Тайм-аут запроса (%1ms)</translation>
+    </message>
+    <message>
+        <source>Response timeout (%1ms)</source>
+        <translation>Тайм-аут ответа (%1ms)</translation>
+    </message>
+</context>
+<context>
+    <name>QP1Device</name>
+    <message>
+        <source>decimal point position</source>
+        <translation>положение десятичной точки</translation>
+    </message>
+    <message>
+        <source>device configuration</source>
+        <translation>конфигурация прибора</translation>
+    </message>
+    <message>
+        <source>temperature correction params</source>
+        <translation>параметры температурной коррекции</translation>
+    </message>
+    <message>
+        <source>pressure for line point</source>
+        <translation>давление для точки линеаризации</translation>
+    </message>
+    <message>
+        <source>average_count</source>
+        <translation>количество усреднений</translation>
+    </message>
+    <message>
+        <source>calibration unit code</source>
+        <translation>код единиц калибровки</translation>
+    </message>
+    <message>
+        <source>line points count</source>
+        <translation>количество точек линеаризации</translation>
+    </message>
+    <message>
+        <source>line point value</source>
+        <translation>значение точки линеаризации</translation>
+    </message>
+    <message>
+        <source>temper corretion mode</source>
+        <translation>режим температурной коррекции</translation>
+    </message>
+    <message>
+        <source>temper corretion</source>
+        <translation>температурная коррекция</translation>
+    </message>
+    <message>
+        <source>adjust gain</source>
+        <translation>подстройка коэффициента усиления</translation>
+    </message>
+    <message>
+        <source>free ragne</source>
+        <translation>свободный диапазон</translation>
+    </message>
+    <message>
+        <source>indication range</source>
+        <translation>диапазон индикации</translation>
+    </message>
+    <message>
+        <source>get line point value</source>
+        <translation>получение значения точки линеаризации</translation>
+    </message>
+    <message>
+        <source>manufacturer settings</source>
+        <translation>настройки производителя</translation>
+    </message>
+</context>
+<context>
+    <name>RTUPortEditor</name>
+    <message>
+        <source>Serial device:</source>
+        <translation>Последовательный порт:</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>Обновить</translation>
+    </message>
+    <message>
+        <source>Check</source>
+        <translation>Проверить</translation>
+    </message>
+    <message>
+        <source>Baud rate:</source>
+        <translation>Скорость обмена:</translation>
+    </message>
+    <message>
+        <source>Data bits:</source>
+        <translation>Биты данных:</translation>
+    </message>
+    <message>
+        <source>Parity:</source>
+        <translation>Чётность:</translation>
+    </message>
+    <message>
+        <source>Stop bits:</source>
+        <translation>Стоповые биты:</translation>
+    </message>
+    <message>
+        <source>Request timeout:</source>
+        <translation>Тайм-аут запроса:</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Response timeout:</source>
+        <translation>Тайм-аут ответа:</translation>
+    </message>
+    <message>
+        <source>Byte timeout:</source>
+        <translation>Межбайтовый тайм-аут:</translation>
+    </message>
+    <message>
+        <source>Initial number of preambles:</source>
+        <translation>Начальное число преамбул:</translation>
+    </message>
+    <message>
+        <source>Closing the port after
+the transaction</source>
+        <translation>Закрывать порт после
+транзакции</translation>
+    </message>
+    <message>
+        <source>Find start of message</source>
+        <translation>Искать начало сообщения</translation>
+    </message>
+    <message>
+        <source>odd</source>
+        <translation>нечётная</translation>
+    </message>
+    <message>
+        <source>Port configuration</source>
+        <translation>Конфигурация порта</translation>
+    </message>
+    <message>
+        <source>Port %1 already exists!</source>
+        <translation>Порт %1 уже существует!</translation>
+    </message>
+    <message>
+        <source>&lt;p style=&quot;color: red;&quot;&gt;Failure: %1.&lt;/p&gt;</source>
+        <translation>&lt;p style=&quot;color: red;&quot;&gt;Сбой: %1.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p style=&quot;color: green;&quot;&gt;Success.&lt;/p&gt;</source>
+        <translation>&lt;p style=&quot;color: green;&quot;&gt;Успешно.&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>ServerItem</name>
+    <message>
+        <source>Ports &amp; Devices</source>
+        <translation>Порты и приборы</translation>
+    </message>
+    <message>
+        <source>Port error</source>
+        <translation>Ошибка порта</translation>
+    </message>
+    <message>
+        <source>Port error code</source>
+        <translation>Код ошибки порта</translation>
+    </message>
+    <message>
+        <source>Config error(invalid access type)</source>
+        <translation>Ошибка конфигурации (неверный тип доступа)</translation>
+    </message>
+    <message>
+        <source>Port/Link error</source>
+        <translation>Ошибка порта/линии связи</translation>
+    </message>
+    <message>
+        <source>Timeout error</source>
+        <translation>Ошибка тайм-аута</translation>
+    </message>
+    <message>
+        <source>No error</source>
+        <translation>Нет ошибок</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsDialog</name>
+    <message>
+        <source>Settings</source>
+        <translation>Настройки</translation>
+    </message>
+    <message>
+        <source>Log flags</source>
+        <translation>Флаги журнала</translation>
+    </message>
+    <message>
+        <source>ERR</source>
+        <translation>ERR</translation>
+    </message>
+    <message>
+        <source>WARN</source>
+        <translation>WARN</translation>
+    </message>
+    <message>
+        <source>INFO</source>
+        <translation>INFO</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>Шрифт</translation>
+    </message>
+    <message>
+        <source>Choose...</source>
+        <translation>Выбрать...</translation>
+    </message>
+    <message>
+        <source>HART master</source>
+        <translation>Мастер HART</translation>
+    </message>
+    <message>
+        <source>Primary Master</source>
+        <translation>Первичный мастер</translation>
+    </message>
+    <message>
+        <source>Secondary Master</source>
+        <translation>Вторичный мастер</translation>
+    </message>
+    <message>
+        <source>add comments in tree</source>
+        <translation>добавлять комментарии в дерево</translation>
+    </message>
+    <message>
+        <source>load css styles</source>
+        <translation>загружать стили css</translation>
+    </message>
+    <message>
+        <source>%1 %2pt %3 %4</source>
+        <translation>%1 %2pt %3 %4</translation>
+    </message>
+    <message>
+        <source>bold</source>
+        <translation>жирный</translation>
+    </message>
+    <message>
+        <source>italic</source>
+        <translation>курсив</translation>
+    </message>
+    <message>
+        <source>Settings changes</source>
+        <translation>Изменение настроек</translation>
+    </message>
+    <message>
+        <source>Changes w&apos;ll take effect after the program is restarted.</source>
+        <translation>Изменения вступят в силу после перезапуска программы.</translation>
+    </message>
+</context>
+<context>
+    <name>TCV2Device</name>
+    <message>
+        <source>device configuration</source>
+        <translation>конфигурация прибора</translation>
+    </message>
+    <message>
+        <source>decimal point position</source>
+        <translation>положение десятичной точки</translation>
+    </message>
+    <message>
+        <source>input signal type &amp; sensor</source>
+        <translation>тип входного сигнала и датчик</translation>
+    </message>
+    <message>
+        <source>connection schema</source>
+        <translation>схема подключения</translation>
+    </message>
+    <message>
+        <source>resistance TS at 0</source>
+        <translation>сопротивление ТС при 0</translation>
+    </message>
+    <message>
+        <source>resistance of connecting wires</source>
+        <translation>сопротивление соединительных проводов</translation>
+    </message>
+    <message>
+        <source>free ends compensation</source>
+        <translation>компенсация свободных концов</translation>
+    </message>
+    <message>
+        <source>average_count</source>
+        <translation>количество усреднений</translation>
+    </message>
+    <message>
+        <source>first correction point</source>
+        <translation>первая точка коррекции</translation>
+    </message>
+    <message>
+        <source>second correction point</source>
+        <translation>вторая точка коррекции</translation>
+    </message>
+    <message>
+        <source>input signal type</source>
+        <translation>тип входного сигнала</translation>
+    </message>
+    <message>
+        <source>sensor type</source>
+        <translation>тип датчика</translation>
+    </message>
+    <message>
+        <source>adjust voltage</source>
+        <translation>подстройка напряжения</translation>
+    </message>
+    <message>
+        <source>adjust resistance</source>
+        <translation>подстройка сопротивления</translation>
+    </message>
+    <message>
+        <source>adjust temperature</source>
+        <translation>подстройка температуры</translation>
+    </message>
+    <message>
+        <source>adjust parameter code</source>
+        <translation>код параметра подстройки</translation>
+    </message>
+    <message>
+        <source>manufacturer settings</source>
+        <translation>настройки производителя</translation>
+    </message>
+</context>
+<context>
+    <name>Tag</name>
+    <message>
+        <source>Invalid device type of tag &apos;%1&apos;</source>
+        <translation>Неверный тип прибора для тега &apos;%1&apos;</translation>
+    </message>
+</context>
 </TS>

@@ -38,6 +38,11 @@ int HartPort::requestTimeout() const
     return property("request_timeout").toInt();
 }
 
+void HartPort::setRequestTimeout(int ms)
+{
+    setProperty("request_timeout", ms < 1 ? DefaultRequestTimeout : ms);
+}
+
 void HartPort::setResponseTimeout(int ms)
 {
     setProperty("response_timeout", ms < 1 ? DefaultResponseTimeout : ms);

@@ -38,7 +38,8 @@ public:
     int responseTimeout() const;
     int byteTimeout() const;
     int requestTimeout() const;
-    // Values below 1 give the defaults, 370 and 50 ms.
+    // Values below 1 give the defaults, 200, 370 and 50 ms.
+    void setRequestTimeout(int ms);
     void setResponseTimeout(int ms);
     void setByteTimeout(int ms);
 

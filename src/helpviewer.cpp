@@ -1,0 +1,59 @@
+#include "helpviewer.h"
+#include "ui_helpviewer.h"
+
+#include "debugqt.h"
+
+#include <QEvent>
+#include <QFile>
+#include <QStringDecoder>
+
+HelpViewer::HelpViewer(QWidget* parent, bool modal) : QDialog(parent), ui(new Ui::HelpViewer)
+{
+    ui->setupUi(this);
+    setModal(modal);
+}
+
+HelpViewer::~HelpViewer()
+{
+    delete ui;
+}
+
+void HelpViewer::setContentFromFile(const QString& path)
+{
+    ui->textEdit->clear();
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        DBG(LevelWarn) << "cannot open the help file" << path << ":" << file.errorString();
+        ui->textEdit->setPlainText(tr("Can't open help file"));
+    } else {
+        const QByteArray bytes = file.readAll();
+        QStringDecoder decoder("windows-1251");
+        if (decoder.isValid()) {
+            ui->textEdit->setPlainText(decoder.decode(bytes));
+        } else {
+            // Without ICU the codec is missing: show the bytes one to one
+            // rather than nothing.
+            DBG(LevelErr) << "no windows-1251 decoder; the help file is shown as Latin-1";
+            ui->textEdit->setPlainText(QString::fromLatin1(bytes));
+        }
+    }
+    ui->textEdit->moveCursor(QTextCursor::Start);
+    ui->textEdit->ensureCursorVisible();
+}
+
+QString HelpViewer::text() const
+{
+    return ui->textEdit->toPlainText();
+}
+
+void HelpViewer::on_btnClose_clicked()
+{
+    hide();
+}
+
+void HelpViewer::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        ui->retranslateUi(this);
+    QDialog::changeEvent(event);
+}

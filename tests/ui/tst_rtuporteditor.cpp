@@ -1,0 +1,268 @@
+#include "debugqt.h"
+#include "device.h"
+#include "modalcatcher.h"
+#include "port.h"
+#include "rtuporteditor.h"
+#include "server.h"
+#include "simulatedline.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QtTest>
+
+namespace {
+
+const QString OwnName = QStringLiteral("/dev/calvane-test-own");
+const QString OtherName = QStringLiteral("/dev/ttyS1");
+
+} // namespace
+
+class TestRTUPortEditor : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void init();
+    void cleanup();
+    void nameOfAnotherPortRefused_data();
+    void nameOfAnotherPortRefused();
+    void typedPathStored();
+    void unlistedNameKept();
+    void lineBoxes_data();
+    void lineBoxes();
+    void spinBoxes_data();
+    void spinBoxes();
+    void uncheckingClosePortClosesIt();
+    void check_data();
+    void check();
+    void polledDevicesLockTheLine();
+
+private:
+    template <typename T>
+    T* child(const char* name) const
+    {
+        return m_editor->findChild<T*>(QLatin1String(name));
+    }
+    QComboBox* serialBox() const { return child<QComboBox>("portChoiceComboBox"); }
+
+    SimulatedLine m_sim;
+    Server* m_server = nullptr;
+    Port* m_port = nullptr;
+    RTUPortEditor* m_editor = nullptr;
+};
+
+void TestRTUPortEditor::initTestCase()
+{
+    DebugQt::instance(0x8ED0001, nullptr);
+    QString error;
+    QVERIFY2(m_sim.start({{"generic", {{"polling_address", 0}}}}, &error), qPrintable(error));
+}
+
+void TestRTUPortEditor::cleanupTestCase()
+{
+    m_sim.stop();
+}
+
+void TestRTUPortEditor::init()
+{
+    m_server = new Server;
+    m_port = m_server->addPort(QStringLiteral("Port 0"));
+    QVERIFY(m_port->setSerialName(OwnName));
+    QVERIFY(m_server->addPort(QStringLiteral("Port 1"))->setSerialName(OtherName));
+    m_editor = new RTUPortEditor;
+    m_editor->setItem(m_port);
+}
+
+void TestRTUPortEditor::cleanup()
+{
+    delete m_editor;
+    delete m_server;
+}
+
+void TestRTUPortEditor::nameOfAnotherPortRefused_data()
+{
+    QTest::addColumn<bool>("typed");
+    QTest::newRow("typed and confirmed") << true;
+    QTest::newRow("chosen from the list") << false;
+}
+
+void TestRTUPortEditor::nameOfAnotherPortRefused()
+{
+    QFETCH(bool, typed);
+    QSignalSpy changed(m_editor, &RTUPortEditor::changed);
+    QComboBox* box = serialBox();
+    // Shown and in focus: the warning takes the focus from the edit field.
+    m_editor->show();
+    QApplication::setActiveWindow(m_editor);
+    box->lineEdit()->setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(m_editor));
+    QVERIFY(box->lineEdit()->hasFocus());
+    ModalCatcher catcher;
+    if (typed) {
+        box->setEditText(OtherName);
+        QTest::keyClick(box->lineEdit(), Qt::Key_Return);
+    } else {
+        if (box->findData(OtherName) < 0)
+            box->addItem(OtherName, OtherName);
+        box->setCurrentIndex(box->findData(OtherName));
+    }
+    QCOMPARE(catcher.count(), 1);
+    QCOMPARE(catcher.title(), QStringLiteral("Port configuration"));
+    QCOMPARE(catcher.text(), QStringLiteral("Port /dev/ttyS1 already exists!"));
+    QCOMPARE(m_port->serialName(), OwnName);
+    QCOMPARE(box->currentText(), OwnName);
+    QCOMPARE(box->currentIndex(), -1);
+    QCOMPARE(changed.count(), 0);
+}
+
+void TestRTUPortEditor::typedPathStored()
+{
+    QSignalSpy changed(m_editor, &RTUPortEditor::changed);
+    ModalCatcher catcher;
+    serialBox()->setEditText(m_sim.path());
+    QTest::keyClick(serialBox()->lineEdit(), Qt::Key_Return);
+    QCOMPARE(m_port->serialName(), m_sim.path());
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(catcher.count(), 0);
+}
+
+void TestRTUPortEditor::unlistedNameKept()
+{
+    ModalCatcher catcher;
+    // Coming from another port must not offer that port's name to this one.
+    m_editor->setItem(m_server->portByName(QStringLiteral("Port 1")));
+    m_editor->setItem(m_port);
+    child<QPushButton>("btnRefresh")->click();
+    QCOMPARE(catcher.count(), 0);
+    QCOMPARE(serialBox()->currentIndex(), -1);
+    QCOMPARE(serialBox()->currentText(), OwnName);
+    QCOMPARE(m_port->serialName(), OwnName);
+}
+
+void TestRTUPortEditor::lineBoxes_data()
+{
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QVariant>("data");
+    QTest::newRow("baud rate") << "baudrateComboBox"
+                               << "1200" << QVariant(1200);
+    QTest::newRow("data bits") << "databitsComboBox"
+                               << "8" << QVariant(8);
+    QTest::newRow("parity") << "parityComboBox"
+                            << "odd" << QVariant(QStringLiteral("O"));
+    QTest::newRow("stop bits") << "stopbitsComboBox"
+                               << "1" << QVariant(1);
+}
+
+void TestRTUPortEditor::lineBoxes()
+{
+    QFETCH(QString, box);
+    QFETCH(QString, text);
+    QFETCH(QVariant, data);
+    auto* combo = m_editor->findChild<QComboBox*>(box);
+    QVERIFY(combo);
+    QCOMPARE(combo->count(), 1);
+    QCOMPARE(combo->itemText(0), text);
+    QCOMPARE(combo->itemData(0), data);
+    // The port's 1200 8O1 is found by the item data.
+    QCOMPARE(combo->currentIndex(), 0);
+}
+
+void TestRTUPortEditor::spinBoxes_data()
+{
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<int>("defaultValue");
+    QTest::newRow("request") << "spnRequestTimeout"
+                             << "request_timeout" << 123 << 200;
+    QTest::newRow("response") << "spnResponseTimeout"
+                              << "response_timeout" << 123 << 370;
+    QTest::newRow("byte") << "spnByteTimeout"
+                          << "byte_timeout" << 123 << 50;
+    QTest::newRow("preambles") << "spnStartPreamblesCount"
+                               << "initial_number_of_preambles" << 23 << 10;
+}
+
+void TestRTUPortEditor::spinBoxes()
+{
+    QFETCH(QString, box);
+    QFETCH(QString, key);
+    QFETCH(int, value);
+    QFETCH(int, defaultValue);
+    auto* spin = m_editor->findChild<QSpinBox*>(box);
+    QVERIFY(spin);
+    QSignalSpy changed(m_editor, &RTUPortEditor::changed);
+
+    spin->setValue(value);
+    QCOMPARE(changed.count(), 1);
+    // Stored where the configuration file takes it from, and read back.
+    Port reloaded;
+    reloaded.load(m_port->save());
+    QCOMPARE(reloaded.save().value(key).toInt(), value);
+
+    spin->setValue(0);
+    QCOMPARE(m_port->save().value(key).toInt(), defaultValue);
+    QCOMPARE(spin->value(), defaultValue);
+    QCOMPARE(changed.count(), 2);
+}
+
+void TestRTUPortEditor::uncheckingClosePortClosesIt()
+{
+    QVERIFY(m_port->setSerialName(m_sim.path()));
+    m_port->setClosePortAfterTransaction(true);
+    QVERIFY2(m_port->openHart(), qPrintable(m_port->errorText()));
+    m_editor->setItem(m_port);
+    auto* box = child<QCheckBox>("chkTransactionClosePort");
+    QVERIFY(box->isChecked());
+    QSignalSpy changed(m_editor, &RTUPortEditor::changed);
+    box->setChecked(false);
+    QCOMPARE(m_port->closePortAfterTransaction(), false);
+    QVERIFY(!m_port->isOpened());
+    QCOMPARE(changed.count(), 1);
+}
+
+void TestRTUPortEditor::check_data()
+{
+    QTest::addColumn<bool>("onLine");
+    QTest::addColumn<QString>("status");
+    QTest::newRow("missing device") << false
+                                    << "<p style=\"color: red;\">Failure: not such device '/nonexistent/tty'.</p>";
+    QTest::newRow("simulated line, port open before") << true << "<p style=\"color: green;\">Success.</p>";
+}
+
+void TestRTUPortEditor::check()
+{
+    QFETCH(bool, onLine);
+    QFETCH(QString, status);
+    QVERIFY(m_port->setSerialName(onLine ? m_sim.path() : QStringLiteral("/nonexistent/tty")));
+    if (onLine)
+        QVERIFY2(m_port->openHart(), qPrintable(m_port->errorText()));
+    m_editor->setItem(m_port);
+    child<QPushButton>("b_check")->click();
+    QCOMPARE(child<QLabel>("lbStatus")->text(), status);
+    QVERIFY(!m_port->isOpened());
+    QVERIFY(!QApplication::overrideCursor());
+}
+
+void TestRTUPortEditor::polledDevicesLockTheLine()
+{
+    Device* device = m_port->addDevice(QStringLiteral("d1"), QStringLiteral("General"), -1);
+    const QList<QWidget*> locked = {serialBox(), child<QPushButton>("btnRefresh"), child<QPushButton>("b_check")};
+    for (const int state : {int(Device::TagStatePolled | Device::TagStateRead), int(Device::TagStateRead)}) {
+        device->setDeviceTagState(state);
+        m_editor->updateButtons();
+        for (QWidget* widget : locked)
+            QCOMPARE(widget->isEnabled(), !(state & Device::TagStatePolled));
+    }
+}
+
+QTEST_MAIN(TestRTUPortEditor)
+#include "tst_rtuporteditor.moc"
