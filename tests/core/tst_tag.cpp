@@ -39,21 +39,17 @@ private slots:
     void addressAndGroup();
     void bitWindow_data();
     void bitWindow();
-    void read_data();
-    void read();
-    void readThatConvertsNothing();
-    void write_data();
-    void write();
-    void writeRefused_data();
-    void writeRefused();
+    void conversions_data();
+    void conversions();
+    void refused_data();
+    void refused();
     void setValueAlwaysSignals();
     void valueFromValues_data();
     void valueFromValues();
     void valueChecks_data();
     void valueChecks();
     void underADevice();
-    void saveLoadRoundTrip();
-    void loadMissingAndWrongKeys();
+    void saveAndLoad();
     void waiterIsReleasedByARead();
 };
 
@@ -104,13 +100,12 @@ void TestTag::addressAndGroup()
     // Hexadecimal with one mark, "0x" before or "h" after; else decimal.
     const QList<QPair<QString, int>> addresses = {{"0X1a", 26}, {"1aH", 26},  {"010", 10},
                                                   {"1A", 0},    {"0x1Ah", 0}, {"0x", 0}};
+    Tag tag;
     for (const auto& [text, number] : addresses) {
-        Tag tag;
         tag.setAddress(text);
         QCOMPARE(tag.address(), number);
     }
 
-    Tag tag;
     tag.setConfigGroup({QStringLiteral("Channel"), QStringLiteral("Ch 1")});
     QCOMPARE(tag.configGroupID(), QStringLiteral("Channel"));
     QCOMPARE(tag.configGroupName(), QStringLiteral("Ch 1"));
@@ -165,42 +160,52 @@ void TestTag::bitWindow()
     QCOMPARE(tag.extractBitTo(), expectedTo);
 }
 
-void TestTag::read_data()
+void TestTag::conversions_data()
 {
     QTest::addColumn<int>("serverType");
     QTest::addColumn<int>("deviceType");
-    QTest::addColumn<QByteArray>("raw");
-    QTest::addColumn<QVariant>("bits"); // QPoint(from, to) when extracting
-    QTest::addColumn<QVariant>("expected");
-
+    QTest::addColumn<QByteArray>("raw");   // lowest byte first
+    QTest::addColumn<QVariant>("bits");    // QPoint(from, to) when extracting
+    QTest::addColumn<QVariant>("value");   // read from raw; invalid: the value stays
+    QTest::addColumn<QVariant>("written"); // written gives raw; invalid: not written
     const QVariant whole;
-    // The raw buffer holds the value with its lowest byte first.
-    QTest::newRow("bool, empty buffer") << 0 << 1 << QByteArray() << whole << QVariant(false);
-    QTest::newRow("bool, first byte only") << 0 << 1 << hx("00 01") << whole << QVariant(false);
-    QTest::newRow("bool whatever the device type") << 0 << 7 << hx("80") << whole << QVariant(true);
-    QTest::newRow("bit") << 1 << 0 << hx("04") << whole << QVariant(true);
-    QTest::newRow("int16, sign extended") << 1 << 1 << hx("FE FF") << whole << QVariant(-2);
-    QTest::newRow("uint16") << 2 << 2 << hx("FE FF") << whole << QVariant(65534u);
-    QTest::newRow("int32") << 3 << 3 << hx("FE FF FF FF") << whole << QVariant(-2);
-    QTest::newRow("uint32") << 4 << 4 << hx("FE FF FF FF") << whole << QVariant(4294967294u);
-    QTest::newRow("int32 of a short buffer") << 3 << 3 << hx("01") << whole << QVariant(1);
-    QTest::newRow("int16 of an empty buffer") << 3 << 1 << QByteArray() << whole << QVariant(0);
-    QTest::newRow("float32") << 5 << 5 << hx("00 00 C0 3F") << whole << QVariant(1.5f);
-    QTest::newRow("float64") << 6 << 6 << hx("00 00 00 00 00 00 02 C0") << whole << QVariant(-2.25);
-    QTest::newRow("server type does not convert") << 5 << 1 << hx("FF 7F") << whole << QVariant(32767);
-    QTest::newRow("uint16, bits 8 to 11") << 2 << 2 << hx("00 A5") << QVariant(QPoint(8, 11)) << QVariant(5u);
-    QTest::newRow("int16, bit 15 alone") << 1 << 1 << hx("00 80") << QVariant(QPoint(15, 15)) << QVariant(1);
+    const QVariant none;
+
+    QTest::newRow("bool, empty buffer") << 0 << 1 << QByteArray() << whole << QVariant(false) << none;
+    QTest::newRow("bool, first byte only") << 0 << 1 << hx("00 01") << whole << QVariant(false) << none;
+    QTest::newRow("bool whatever the device type") << 0 << 7 << hx("80") << whole << QVariant(true) << none;
+    QTest::newRow("bit") << 1 << 0 << hx("04") << whole << QVariant(true) << none;
+    QTest::newRow("bit, 7") << 0 << 0 << hx("01") << whole << QVariant(true) << QVariant(7);
+    QTest::newRow("int16, sign extended") << 1 << 1 << hx("FE FF") << whole << QVariant(-2) << QVariant(-2);
+    QTest::newRow("int16, 70000 truncated") << 1 << 1 << hx("70 11") << whole << QVariant(4464) << QVariant(70000);
+    QTest::newRow("int16, -2.7 cut toward zero") << 1 << 1 << hx("FE FF") << whole << QVariant(-2) << QVariant(-2.7);
+    QTest::newRow("int16, text") << 1 << 1 << hx("02 01") << whole << QVariant(258) << QVariant("258");
+    QTest::newRow("int16, not a number") << 1 << 1 << hx("00 00") << whole << QVariant(0) << QVariant("abc");
+    QTest::newRow("uint16") << 2 << 2 << hx("FE FF") << whole << QVariant(65534u) << QVariant(65534);
+    QTest::newRow("int32") << 3 << 3 << hx("FE FF FF FF") << whole << QVariant(-2) << QVariant(-2);
+    QTest::newRow("uint32") << 4 << 4 << hx("FE FF FF FF") << whole << QVariant(4294967294u) << none;
+    QTest::newRow("uint32, as text") << 4 << 4 << hx("FF FF FF FF") << whole << QVariant(4294967295u)
+                                     << QVariant("4294967295");
+    QTest::newRow("int32 of a short buffer") << 3 << 3 << hx("01") << whole << QVariant(1) << none;
+    QTest::newRow("int16 of an empty buffer") << 3 << 1 << QByteArray() << whole << QVariant(0) << none;
+    QTest::newRow("float32") << 5 << 5 << hx("00 00 C0 3F") << whole << QVariant(1.5f) << QVariant(1.5);
+    QTest::newRow("float64") << 6 << 6 << hx("00 00 00 00 00 00 02 C0") << whole << QVariant(-2.25) << QVariant(-2.25);
+    QTest::newRow("server type does not convert") << 5 << 1 << hx("FF 7F") << whole << QVariant(32767) << none;
+    QTest::newRow("invalid device type: the value stays") << 1 << 7 << hx("05 00") << whole << none << none;
+    QTest::newRow("uint16, bits 8 to 11") << 2 << 2 << hx("00 A5") << QVariant(QPoint(8, 11)) << QVariant(5u) << none;
+    QTest::newRow("int16, bit 15 alone") << 1 << 1 << hx("00 80") << QVariant(QPoint(15, 15)) << QVariant(1) << none;
     QTest::newRow("uint16, window up to the width")
-        << 2 << 2 << hx("34 12") << QVariant(QPoint(0, 99)) << QVariant(0x1234u);
+        << 2 << 2 << hx("34 12") << QVariant(QPoint(0, 99)) << QVariant(0x1234u) << none;
 }
 
-void TestTag::read()
+void TestTag::conversions()
 {
     QFETCH(int, serverType);
     QFETCH(int, deviceType);
     QFETCH(QByteArray, raw);
     QFETCH(QVariant, bits);
-    QFETCH(QVariant, expected);
+    QFETCH(QVariant, value);
+    QFETCH(QVariant, written);
 
     Tag tag;
     setTypes(tag, serverType, deviceType);
@@ -211,100 +216,71 @@ void TestTag::read()
         tag.setExtractBitFrom(bits.toPoint().x());
         tag.setExtractBitTo(bits.toPoint().y());
     }
+    const QVariant before(QStringLiteral("before"));
+    tag.setValue(before);
     QSignalSpy changed(&tag, &Tag::valueChanged);
     const QVariant result = tag.read();
+    const QVariant expected = value.isValid() ? value : before;
     QCOMPARE(result, expected);
     QCOMPARE(result.typeId(), expected.typeId());
     QCOMPARE(tag.value(), expected);
-    QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.count(), value.isValid() ? 1 : 0);
     QCOMPARE(tag.errorCode(), 1);
     QCOMPARE(tag.state(), int(ServerItem::StateGood));
     QCOMPARE(tag.rawBuffer(), raw);
-}
+    if (!written.isValid())
+        return;
 
-void TestTag::readThatConvertsNothing()
-{
-    // A write-only tag is not read at all.
-    Tag tag;
-    setTypes(tag, 1, 1);
-    tag.setAccess(Tag::WriteOnly);
-    tag.setRawBuffer(hx("05 00"));
-    tag.setValue(QStringLiteral("before"));
-    QSignalSpy changed(&tag, &Tag::valueChanged);
-    QSignalSpy state(&tag, &ServerItem::stateChanged);
-    QVERIFY(!tag.read().isValid());
-    QCOMPARE(tag.errorCode(), 3);
-    QCOMPARE(tag.value(), QVariant(QStringLiteral("before")));
-    QCOMPARE(changed.count(), 0);
-    QCOMPARE(state.count(), 0);
-
-    // An invalid device type reads, and leaves the value.
-    Tag invalid;
-    setTypes(invalid, 1, 7);
-    invalid.setRawBuffer(hx("05 00"));
-    invalid.setValue(42);
-    QCOMPARE(invalid.read(), QVariant(42));
-    QCOMPARE(invalid.errorCode(), 1);
-}
-
-void TestTag::write_data()
-{
-    QTest::addColumn<int>("deviceType");
-    QTest::addColumn<QVariant>("input");
-    QTest::addColumn<QByteArray>("raw");
-
-    QTest::newRow("bit, 7") << 0 << QVariant(7) << hx("01");
-    QTest::newRow("int16, 70000 truncated") << 1 << QVariant(70000) << hx("70 11");
-    QTest::newRow("int16, -2.7 cut toward zero") << 1 << QVariant(-2.7) << hx("FE FF");
-    QTest::newRow("int16, text") << 1 << QVariant(QStringLiteral("258")) << hx("02 01");
-    QTest::newRow("int16, not a number") << 1 << QVariant(QStringLiteral("abc")) << hx("00 00");
-    QTest::newRow("int32, -2") << 3 << QVariant(-2) << hx("FE FF FF FF");
-    QTest::newRow("uint32, as text") << 4 << QVariant(QStringLiteral("4294967295")) << hx("FF FF FF FF");
-    QTest::newRow("float32, 1.5") << 5 << QVariant(1.5) << hx("00 00 C0 3F");
-    QTest::newRow("float64, -2.25") << 6 << QVariant(-2.25) << hx("00 00 00 00 00 00 02 C0");
-}
-
-void TestTag::write()
-{
-    QFETCH(int, deviceType);
-    QFETCH(QVariant, input);
-    QFETCH(QByteArray, raw);
-
-    Tag tag;
-    setTypes(tag, deviceType, deviceType);
+    // Written over a longer buffer: the type's bytes replace it.
     tag.setAccess(Tag::WriteOnly);
     tag.setRawBuffer(hx("AA AA AA AA AA AA AA AA AA"));
-    QSignalSpy changed(&tag, &Tag::valueChanged);
-    QVERIFY(tag.write(input));
+    changed.clear();
+    QVERIFY(tag.write(written));
     QCOMPARE(tag.rawBuffer().toHex(' '), raw.toHex(' '));
-    QCOMPARE(tag.value(), input);
+    QCOMPARE(tag.value(), written);
     QCOMPARE(changed.count(), 1);
     QCOMPARE(tag.state(), int(ServerItem::StateGood));
 }
 
-void TestTag::writeRefused_data()
+void TestTag::refused_data()
 {
     QTest::addColumn<int>("access");
     QTest::addColumn<int>("deviceType");
+    QTest::addColumn<bool>("write");
+    QTest::addColumn<QString>("error");
 
-    QTest::newRow("read only") << int(Tag::ReadOnly) << 1;
-    QTest::newRow("invalid access") << int(Tag::AccessInvalid) << 1;
-    QTest::newRow("invalid device type") << int(Tag::ReadWrite) << 7;
+    const QString accessError = "Config error(invalid access type)";
+    QTest::newRow("read of a write-only tag") << int(Tag::WriteOnly) << 1 << false << accessError;
+    QTest::newRow("write to a read-only tag") << int(Tag::ReadOnly) << 1 << true << accessError;
+    QTest::newRow("write, invalid access") << int(Tag::AccessInvalid) << 1 << true << accessError;
+    // The value is taken, the buffer is not.
+    QTest::newRow("write, invalid device type")
+        << int(Tag::ReadWrite) << 7 << true << "Invalid device type of tag 'Level'";
 }
 
-void TestTag::writeRefused()
+void TestTag::refused()
 {
     QFETCH(int, access);
     QFETCH(int, deviceType);
+    QFETCH(bool, write);
+    QFETCH(QString, error);
 
     Tag tag;
+    tag.setName(QStringLiteral("Level"));
     setTypes(tag, 1, deviceType);
     tag.setAccess(Tag::OpcAccessType(access));
     tag.setRawBuffer(hx("12 34"));
-    QVERIFY(!tag.write(5));
+    tag.setValue(QStringLiteral("before"));
+    QSignalSpy changed(&tag, &Tag::valueChanged);
+    QSignalSpy state(&tag, &ServerItem::stateChanged);
+    QVERIFY(write ? !tag.write(5) : !tag.read().isValid());
     QCOMPARE(tag.errorCode(), 3);
-    QVERIFY(!tag.errorText().isEmpty());
+    QCOMPARE(tag.errorText(), error);
     QCOMPARE(tag.rawBuffer(), hx("12 34"));
+    const bool accessRefused = deviceType != 7;
+    QCOMPARE(tag.value(), accessRefused ? QVariant(QStringLiteral("before")) : QVariant(5));
+    QCOMPARE(changed.count(), accessRefused ? 0 : 1);
+    QCOMPARE(state.count(), accessRefused ? 0 : 1);
 }
 
 void TestTag::setValueAlwaysSignals()
@@ -415,21 +391,28 @@ void TestTag::underADevice()
     QCOMPARE(first->messageLog(), (QList<QString>{"3", "4", "5"}));
 }
 
-void TestTag::saveLoadRoundTrip()
+void TestTag::saveAndLoad()
 {
-    const QVariantList group{"channel", "Ch 2"};
-    const QVariantList limits{0.0, 100.0};
-    const QVariantMap values{{"st1", "on"}};
-    QVariantMap map = {{"name", "Level"},           {"enabled", false},
-                       {"address", "0x1F"},         {"priority", 3},
-                       {"polling_period", 750},     {"server_type", "uint16"},
-                       {"device_type", "int32"},    {"access", "WriteOnly"},
-                       {"comment", "tank level"},   {"read_func", 3},
-                       {"write_func", 16},          {"byteorder", "3210"},
-                       {"byteorder_enabled", true}, {"use_bit_extraction", true},
-                       {"extract_bit_from", 4},     {"extract_bit_to", 11},
-                       {"config_group", group},     {"value", 12.5},
-                       {"limits", limits},          {"values", values},
+    QVariantMap map = {{"name", "Level"},
+                       {"enabled", false},
+                       {"address", "0x1F"},
+                       {"priority", 3},
+                       {"polling_period", 750},
+                       {"server_type", "uint16"},
+                       {"device_type", "int32"},
+                       {"access", "WriteOnly"},
+                       {"comment", "tank level"},
+                       {"read_func", 3},
+                       {"write_func", 16},
+                       {"byteorder", "3210"},
+                       {"byteorder_enabled", true},
+                       {"use_bit_extraction", true},
+                       {"extract_bit_from", 4},
+                       {"extract_bit_to", 11},
+                       {"config_group", QVariantList{"channel", "Ch 2"}},
+                       {"value", 12.5},
+                       {"limits", QVariantList{0.0, 100.0}},
+                       {"values", QVariantMap{{"st1", "on"}}},
                        {"modified", true}};
     Tag tag;
     QVERIFY(tag.load(map));
@@ -452,21 +435,11 @@ void TestTag::saveLoadRoundTrip()
     // The file's JSON carries no NaN.
     tag.setValue(NaN);
     QCOMPARE(tag.save().value(QStringLiteral("value")), QVariant(0.0));
-}
-
-void TestTag::loadMissingAndWrongKeys()
-{
-    Tag tag;
-    tag.setName(QStringLiteral("Keep"));
-    tag.setValue(5);
-    tag.setLimits({1, 2});
-    tag.setValues({{QStringLiteral("1"), QStringLiteral("one")}});
-    tag.setConfigGroup({QStringLiteral("channel"), QStringLiteral("x")});
 
     // A missing key gives an empty or zero value, but the name stays, a
     // missing value is 0 and the group is read only when present.
     QVERIFY(tag.load(QVariantMap()));
-    QCOMPARE(tag.name(), QStringLiteral("Keep"));
+    QCOMPARE(tag.name(), QStringLiteral("Level"));
     QCOMPARE(tag.value(), QVariant(0));
     QVERIFY(tag.limits().isEmpty());
     QVERIFY(tag.values().isEmpty());
@@ -476,20 +449,17 @@ void TestTag::loadMissingAndWrongKeys()
 
     // Values of the wrong type load as what they can be, and never more. The
     // type comes first: it bounds the window.
-    const QVariantMap wrong{{"name", QVariantList{1}},
-                            {"device_type", "uint16"},
-                            {"extract_bit_from", "abc"},
-                            {"extract_bit_to", 99},
-                            {"limits", "x"},
-                            {"values", 5},
-                            {"config_group", "channel"},
-                            {"priority", QVariantMap()}};
-    QVERIFY(tag.load(wrong));
-    QCOMPARE(tag.name(), QStringLiteral("Keep"));
+    QVERIFY(tag.load({{"name", QVariantList{1}},
+                      {"device_type", "uint16"},
+                      {"extract_bit_from", "abc"},
+                      {"extract_bit_to", 99},
+                      {"limits", "x"},
+                      {"values", 5},
+                      {"config_group", "channel"},
+                      {"priority", QVariantMap()}}));
+    QCOMPARE(tag.name(), QStringLiteral("Level"));
     QCOMPARE(tag.extractBitFrom(), 0);
     QCOMPARE(tag.extractBitTo(), 16);
-    QVERIFY(tag.limits().isEmpty());
-    QVERIFY(tag.values().isEmpty());
     QVERIFY(tag.configGroup().isEmpty());
     QCOMPARE(tag.property("priority").toInt(), 0);
 }

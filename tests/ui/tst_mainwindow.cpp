@@ -2,87 +2,18 @@
 #include "debugqt.h"
 #include "device.h"
 #include "mainwindow.h"
+#include "modalanswerer.h"
 #include "port.h"
 #include "server.h"
 
-#include <QAbstractButton>
 #include <QAction>
-#include <QFileDialog>
 #include <QJsonDocument>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPointer>
 #include <QSplitter>
 #include <QTemporaryDir>
 #include <QTreeWidgetItem>
 #include <QtTest>
-
-// Answers the modal dialogs as they come up, in order: a QMessageBox with the
-// button of the next answer, a file dialog with the file named by it. Any
-// other dialog is rejected, and a box with no answer left gets its escape.
-// What each said is kept in seen, as "title|text".
-class ModalAnswerer : public QObject
-{
-public:
-    explicit ModalAnswerer(const QVariantList& answers) : m_answers(answers)
-    {
-        connect(&m_timer, &QTimer::timeout, this, &ModalAnswerer::poll);
-        m_timer.start(10);
-    }
-    QStringList seen;
-
-private:
-    void poll()
-    {
-        QWidget* modal = QApplication::activeModalWidget();
-        auto* files = qobject_cast<QFileDialog*>(modal);
-        if (files && files == m_files) {
-            // The dialog may not take a name at once: name it again until it closes.
-            chooseFile();
-            return;
-        }
-        if (!modal || m_handled.contains(modal))
-            return;
-        m_handled << modal;
-        const QVariant answer = m_answers.isEmpty() ? QVariant() : m_answers.takeFirst();
-        QObject* target = modal;
-        const char* slot = "reject";
-        if (auto* box = qobject_cast<QMessageBox*>(modal)) {
-            seen << box->windowTitle() + QLatin1Char('|') + box->text();
-            QAbstractButton* button = box->button(QMessageBox::StandardButton(answer.toInt()));
-            target = button ? button : box->escapeButton() ? box->escapeButton() : box->buttons().value(0);
-            slot = "click";
-        } else if (files) {
-            seen << files->windowTitle() + QStringLiteral("|file");
-            m_files = files;
-            m_fileName = answer.toString();
-            if (!m_fileName.isEmpty()) {
-                chooseFile();
-                return;
-            }
-        } else {
-            seen << modal->windowTitle() + QLatin1Char('|') + modal->metaObject()->className();
-        }
-        // Queued: an answer may open the next dialog, which this timer answers.
-        QMetaObject::invokeMethod(target, slot, Qt::QueuedConnection);
-    }
-
-    void chooseFile()
-    {
-        // The name field keeps what a user types: a name is put there only
-        // while it has no focus.
-        if (QWidget* focus = m_files->focusWidget())
-            focus->clearFocus();
-        m_files->selectFile(m_fileName);
-        QMetaObject::invokeMethod(m_files, "accept", Qt::QueuedConnection);
-    }
-
-    QVariantList m_answers;
-    QList<QPointer<QWidget>> m_handled;
-    QPointer<QFileDialog> m_files;
-    QString m_fileName;
-    QTimer m_timer;
-};
 
 class TestMainWindow : public QObject
 {
@@ -283,9 +214,9 @@ void TestMainWindow::backupFailureKeepsWindowUnmodified()
     MainWindow window;
     ModalAnswerer answerer({QMessageBox::Ok});
     window.addItem();
-    QCOMPARE(answerer.seen.size(), 1);
-    QVERIFY2(answerer.seen.at(0).startsWith(QStringLiteral("Error|can't remove file '%1', '").arg(backup)),
-             qPrintable(answerer.seen.at(0)));
+    QCOMPARE(answerer.seen().size(), 1);
+    QVERIFY2(answerer.seen().at(0).startsWith(QStringLiteral("Error|can't remove file '%1', '").arg(backup)),
+             qPrintable(answerer.seen().at(0)));
     QVERIFY(!window.isWindowModified());
     QCOMPARE(window.server()->portCount(), 2);
     QVERIFY(window.treeItem(window.portByName("Port_1")));
@@ -311,7 +242,7 @@ void TestMainWindow::failedSaveRestoresFile()
     }
     ModalAnswerer answerer({QMessageBox::Ok});
     QVERIFY(!window.save());
-    QCOMPARE(answerer.seen, QStringList{"Calvane|Config file write error!"});
+    QCOMPARE(answerer.seen(), QStringList{"Calvane|Config file write error!"});
     // Put back from the backup, which stays.
     QVERIFY(QFileInfo(m_cfg).lastModified() > longAgo);
     QCOMPARE(readFile(m_cfg), saved);
@@ -343,7 +274,7 @@ void TestMainWindow::saveWithoutNameGoesToSaveAs()
         answers << QMessageBox::Yes; // replace the file
     ModalAnswerer answerer(answers);
     QVERIFY(window.save());
-    QCOMPARE(answerer.seen.value(0), QStringLiteral("Save As..|file"));
+    QCOMPARE(answerer.seen().value(0), QStringLiteral("Save As..|file"));
     QCOMPARE(AppSettings::cfg_fn(), chosen);
     QVERIFY(window.windowTitle().endsWith(QStringLiteral("[*]") + chosen));
     QVERIFY(!window.isWindowModified());
@@ -383,7 +314,7 @@ void TestMainWindow::closeAsks()
     QSignalSpy closing(&window, &MainWindow::closeApplication);
     ModalAnswerer answerer({answer});
     QCOMPARE(window.close(), closes);
-    QCOMPARE(answerer.seen, QStringList{asked});
+    QCOMPARE(answerer.seen(), QStringList{asked});
     QCOMPARE(closing.size(), closes ? 1 : 0);
     QCOMPARE(window.isVisible(), !closes);
 }
@@ -580,7 +511,7 @@ void TestMainWindow::factoryNumberNeedsModelDevice()
     QCOMPARE(action->shortcut(), QKeySequence(QStringLiteral("Ctrl+Shift+F")));
     ModalAnswerer answerer({QMessageBox::Ok});
     action->trigger();
-    QCOMPARE(answerer.seen, QStringList{seen});
+    QCOMPARE(answerer.seen(), QStringList{seen});
     // Nothing was written: the configuration stays as it was.
     QVERIFY(!window.isWindowModified());
 }

@@ -1,6 +1,6 @@
 #include "debugqt.h"
 #include "device.h"
-#include "modalcatcher.h"
+#include "modalanswerer.h"
 #include "port.h"
 #include "rtuporteditor.h"
 #include "server.h"
@@ -104,7 +104,7 @@ void TestRTUPortEditor::nameOfAnotherPortRefused()
     box->lineEdit()->setFocus();
     QVERIFY(QTest::qWaitForWindowActive(m_editor));
     QVERIFY(box->lineEdit()->hasFocus());
-    ModalCatcher catcher;
+    ModalAnswerer answerer;
     if (typed) {
         box->setEditText(OtherName);
         QTest::keyClick(box->lineEdit(), Qt::Key_Return);
@@ -113,9 +113,7 @@ void TestRTUPortEditor::nameOfAnotherPortRefused()
             box->addItem(OtherName, OtherName);
         box->setCurrentIndex(box->findData(OtherName));
     }
-    QCOMPARE(catcher.count(), 1);
-    QCOMPARE(catcher.title(), QStringLiteral("Port configuration"));
-    QCOMPARE(catcher.text(), QStringLiteral("Port /dev/ttyS1 already exists!"));
+    QCOMPARE(answerer.seen(), QStringList{"Port configuration|Port /dev/ttyS1 already exists!"});
     QCOMPARE(m_port->serialName(), OwnName);
     QCOMPARE(box->currentText(), OwnName);
     QCOMPARE(box->currentIndex(), -1);
@@ -125,22 +123,22 @@ void TestRTUPortEditor::nameOfAnotherPortRefused()
 void TestRTUPortEditor::typedPathStored()
 {
     QSignalSpy changed(m_editor, &RTUPortEditor::changed);
-    ModalCatcher catcher;
+    ModalAnswerer answerer;
     serialBox()->setEditText(m_sim.path());
     QTest::keyClick(serialBox()->lineEdit(), Qt::Key_Return);
     QCOMPARE(m_port->serialName(), m_sim.path());
     QCOMPARE(changed.count(), 1);
-    QCOMPARE(catcher.count(), 0);
+    QCOMPARE(answerer.seen(), QStringList());
 }
 
 void TestRTUPortEditor::unlistedNameKept()
 {
-    ModalCatcher catcher;
+    ModalAnswerer answerer;
     // Coming from another port must not offer that port's name to this one.
     m_editor->setItem(m_server->portByName(QStringLiteral("Port 1")));
     m_editor->setItem(m_port);
     child<QPushButton>("btnRefresh")->click();
-    QCOMPARE(catcher.count(), 0);
+    QCOMPARE(answerer.seen(), QStringList());
     QCOMPARE(serialBox()->currentIndex(), -1);
     QCOMPARE(serialBox()->currentText(), OwnName);
     QCOMPARE(m_port->serialName(), OwnName);

@@ -1,5 +1,5 @@
 #include "appsettings.h"
-#include "modalcatcher.h"
+#include "modalanswerer.h"
 #include "scratchdir.h"
 #include "settingsdialog.h"
 
@@ -90,7 +90,7 @@ void TestSettingsDialog::fontDialog()
     QFETCH(bool, acceptIt);
     QFETCH(QString, family);
     m_dialog->setSettings(m_settings);
-    ModalCatcher catcher([&](QDialog* dialog) {
+    ModalAnswerer answerer([&](QDialog* dialog) {
         auto* fonts = m_dialog->findChild<QFontDialog*>(QStringLiteral("fontDialog"));
         QCOMPARE(dialog, fonts);
         if (pick)
@@ -98,7 +98,8 @@ void TestSettingsDialog::fontDialog()
         acceptIt ? fonts->accept() : fonts->reject();
     });
     child<QPushButton>("btnFont")->click();
-    QCOMPARE(catcher.count(), 1);
+    QCOMPARE(answerer.seen().size(), 1);
+    QVERIFY2(answerer.seen().at(0).endsWith(QLatin1String("|QFontDialog")), qPrintable(answerer.seen().at(0)));
     QCOMPARE(m_dialog->selectedFont().family(), family);
     QVERIFY(child<QLabel>("lbFont")->text().startsWith(family + QLatin1Char(' ')));
     m_dialog->accept();
@@ -141,18 +142,16 @@ void TestSettingsDialog::accept()
         child<QPushButton>(buttons[i])->setChecked(flagButtons.at(i));
     child<QCheckBox>("chkApplyCss")->setChecked(cssAfter);
     child<QCheckBox>("chkAddComments")->setChecked(true);
-    ModalCatcher catcher;
+    ModalAnswerer answerer;
     m_dialog->accept();
 
     QCOMPARE(m_dialog->result(), int(QDialog::Accepted));
     QCOMPARE(m_dialog->settings().log_flags, flags);
     QCOMPARE(m_dialog->settings().bApplyCss, cssAfter);
     QCOMPARE(m_dialog->settings().bInsertComments, true);
-    QCOMPARE(catcher.count(), warned ? 1 : 0);
-    if (warned) {
-        QCOMPARE(catcher.title(), QStringLiteral("Settings changes"));
-        QCOMPARE(catcher.text(), QStringLiteral("Changes w'll take effect after the program is restarted."));
-    }
+    QCOMPARE(answerer.seen(),
+             warned ? QStringList{"Settings changes|Changes w'll take effect after the program is restarted."}
+                    : QStringList());
 }
 
 void TestSettingsDialog::fontProperties_data()

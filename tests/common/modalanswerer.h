@@ -1,0 +1,109 @@
+#ifndef TESTS_MODALANSWERER_H
+#define TESTS_MODALANSWERER_H
+
+// Answers the modal dialogs that open while it lives, each once, in the order
+// they come up, and records what each said in seen(): "title|text" for a
+// message box, "title|file" for a file dialog, "title|<class name>" for any
+// other dialog.
+//
+// Given answers, it takes the next one for each dialog: a message box gets the
+// button of that standard button (its escape button when none is left or the
+// box has no such button), a file dialog the file of that name (or is rejected
+// when none is given), any other dialog is rejected. Given an action, it hands
+// every dialog to it instead.
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPointer>
+#include <QStringList>
+#include <QTimer>
+#include <QVariantList>
+
+#include <functional>
+
+class ModalAnswerer : public QObject
+{
+public:
+    using Action = std::function<void(QDialog*)>;
+
+    explicit ModalAnswerer(const QVariantList& answers = {}) : m_answers(answers) { start(); }
+    explicit ModalAnswerer(Action action) : m_action(std::move(action)) { start(); }
+
+    QStringList seen() const { return m_seen; }
+
+private:
+    void start()
+    {
+        // Fires on each pass of whatever event loop runs, the dialog's own
+        // included.
+        connect(&m_timer, &QTimer::timeout, this, &ModalAnswerer::poll);
+        m_timer.start(10);
+    }
+
+    void poll()
+    {
+        QWidget* modal = QApplication::activeModalWidget();
+        auto* files = qobject_cast<QFileDialog*>(modal);
+        if (files && files == m_files) {
+            // The dialog may not take a name at once: name it again until it closes.
+            chooseFile();
+            return;
+        }
+        if (!modal || m_handled.contains(modal))
+            return;
+        m_handled << modal;
+        auto* box = qobject_cast<QMessageBox*>(modal);
+        if (box)
+            m_seen << box->windowTitle() + QLatin1Char('|') + box->text();
+        else if (files)
+            m_seen << files->windowTitle() + QStringLiteral("|file");
+        else
+            m_seen << modal->windowTitle() + QLatin1Char('|') + modal->metaObject()->className();
+        if (m_action) {
+            if (auto* dialog = qobject_cast<QDialog*>(modal))
+                m_action(dialog);
+            return;
+        }
+
+        const QVariant answer = m_answers.isEmpty() ? QVariant() : m_answers.takeFirst();
+        QObject* target = modal;
+        const char* slot = "reject";
+        if (box) {
+            QAbstractButton* button = box->button(QMessageBox::StandardButton(answer.toInt()));
+            target = button ? button : box->escapeButton() ? box->escapeButton() : box->buttons().value(0);
+            slot = "click";
+        } else if (files) {
+            m_files = files;
+            m_fileName = answer.toString();
+            if (!m_fileName.isEmpty()) {
+                chooseFile();
+                return;
+            }
+        }
+        // Queued: an answer may open the next dialog, which this timer answers.
+        QMetaObject::invokeMethod(target, slot, Qt::QueuedConnection);
+    }
+
+    void chooseFile()
+    {
+        // The name field keeps what a user types: a name is put there only
+        // while it has no focus.
+        if (QWidget* focus = m_files->focusWidget())
+            focus->clearFocus();
+        m_files->selectFile(m_fileName);
+        QMetaObject::invokeMethod(m_files, "accept", Qt::QueuedConnection);
+    }
+
+    QVariantList m_answers;
+    Action m_action;
+    QStringList m_seen;
+    QList<QPointer<QWidget>> m_handled;
+    QPointer<QFileDialog> m_files;
+    QString m_fileName;
+    QTimer m_timer;
+};
+
+#endif // TESTS_MODALANSWERER_H
