@@ -456,12 +456,7 @@ Reply Ph77Device::command(quint8 cmd, const QByteArray& data, Master master, dou
     }
 
     case 133:
-        if (data.size() < 1)
-            return Reply::error(5);
-        if (byteAt(0) > 1)
-            return Reply::error(2);
-        setByte("electrode_diag", 0);
-        return Reply::ok(data.left(1));
+        return writeByte(data, QStringLiteral("electrode_diag"), 0, 1, 2);
 
     case 135:
         if (data.size() < 5)

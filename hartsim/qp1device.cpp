@@ -373,20 +373,10 @@ Reply Qp1Device::command(quint8 cmd, const QByteArray& data, Master master, doub
     }
 
     case 133:
-        if (data.size() < 1)
-            return Reply::error(5);
-        if (byteAt(0) > 3)
-            return Reply::error(9);
-        m_params.insert(QStringLiteral("decimal_point_position"), byteAt(0));
-        return Reply::ok(data.left(1));
+        return writeByte(data, QStringLiteral("decimal_point_position"), 0, 3, 9);
 
     case 134:
-        if (data.size() < 1)
-            return Reply::error(5);
-        if (byteAt(0) < 1)
-            return Reply::error(4);
-        m_params.insert(QStringLiteral("average_count"), byteAt(0));
-        return Reply::ok(data.left(1));
+        return writeByte(data, QStringLiteral("average_count"), 1, 255, 4);
 
     case 136: {
         if (data.size() < 1)
@@ -400,12 +390,7 @@ Reply Qp1Device::command(quint8 cmd, const QByteArray& data, Master master, doub
     }
 
     case 137:
-        if (data.size() < 1)
-            return Reply::error(5);
-        if (byteAt(0) > maxLinePoints)
-            return Reply::error(3);
-        m_params.insert(QStringLiteral("line_points_count"), byteAt(0));
-        return Reply::ok(data.left(1));
+        return writeByte(data, QStringLiteral("line_points_count"), 0, maxLinePoints, 3);
 
     case 138: {
         if (data.size() < 5)
@@ -425,12 +410,7 @@ Reply Qp1Device::command(quint8 cmd, const QByteArray& data, Master master, doub
     }
 
     case 140:
-        if (data.size() < 1)
-            return Reply::error(5);
-        if (byteAt(0) > 2)
-            return Reply::error(2);
-        m_params.insert(QStringLiteral("temper_correction_mode"), byteAt(0));
-        return Reply::ok(data.left(1));
+        return writeByte(data, QStringLiteral("temper_correction_mode"), 0, 2, 2);
 
     case 141: {
         if (data.size() < 5)

@@ -441,6 +441,17 @@ quint8 SimDevice::deviceStatus(Master master)
     return status;
 }
 
+Reply SimDevice::writeByte(const QByteArray& data, const QString& key, int min, int max, quint8 refusal)
+{
+    if (data.size() < 1)
+        return Reply::error(5);
+    const int value = quint8(data.at(0));
+    if (value < min || value > max)
+        return Reply::error(refusal);
+    m_params.insert(key, value);
+    return Reply::ok(data.left(1));
+}
+
 Reply SimDevice::command(quint8 cmd, const QByteArray& data, Master master, double now)
 {
     const int m = master == Master::Primary ? 0 : 1;

@@ -109,6 +109,10 @@ protected:
     // Answers carrying one parameter, as a byte or as a float.
     Reply byteReply(const QString& key) const { return Reply::ok(QByteArray(1, char(i(key)))); }
     Reply floatReply(const QString& key) const { return Reply::ok(DataCodec::floatBytes(f(key))); }
+    // A write of one byte kept under the key: code 5 when the data fall
+    // short, the refusal code when the byte lies outside min to max, else the
+    // byte is stored and echoed.
+    Reply writeByte(const QByteArray& data, const QString& key, int min, int max, quint8 refusal);
 
     // One command; the base runs the universal and common-practice commands
     // and the protected functions 190 and 194. A model overrides it for its

@@ -313,20 +313,10 @@ Reply TcvDevice::command(quint8 cmd, const QByteArray& data, Master master, doub
         return byteReply("free_ends_compensation");
 
     case 133: // the indicator shows "0000." or "000.0"
-        if (data.size() < 1)
-            return Reply::error(5);
-        if (byteAt(0) > 1)
-            return Reply::error(9);
-        m_params.insert(QStringLiteral("decimal_point_position"), byteAt(0));
-        return Reply::ok(data.left(1));
+        return writeByte(data, QStringLiteral("decimal_point_position"), 0, 1, 9);
 
     case 134:
-        if (data.size() < 1)
-            return Reply::error(5);
-        if (byteAt(0) < 1)
-            return Reply::error(4);
-        m_params.insert(QStringLiteral("average_count"), byteAt(0));
-        return Reply::ok(data.left(1));
+        return writeByte(data, QStringLiteral("average_count"), 1, 255, 4);
 
     case 143: {
         if (data.size() < 4)
@@ -395,13 +385,8 @@ Reply TcvDevice::command(quint8 cmd, const QByteArray& data, Master master, doub
 
     case 154:
     case 161:
-        if (data.size() < 1)
-            return Reply::error(5);
-        if (byteAt(0) > 1)
-            return Reply::error(2);
-        m_params.insert(cmd == 154 ? QStringLiteral("connection_schema") : QStringLiteral("free_ends_compensation"),
-                        byteAt(0));
-        return Reply::ok(data.left(1));
+        return writeByte(
+            data, cmd == 154 ? QStringLiteral("connection_schema") : QStringLiteral("free_ends_compensation"), 0, 1, 2);
 
     case 156:
     case 158: {

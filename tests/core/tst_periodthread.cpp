@@ -1,18 +1,12 @@
 #include "debugqt.h"
 #include "device.h"
+#include "modelline.h"
 #include "periodthread.h"
-#include "port.h"
-#include "server.h"
-#include "simulatedline.h"
 
-#include <QDir>
 #include <QElapsedTimer>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
-
-#include <memory>
 
 using hartsim::Fault;
 
@@ -70,50 +64,30 @@ private slots:
 private:
     Device* device(int pollingAddress);
 
-    std::unique_ptr<QTemporaryDir> m_dir;
-    QString m_startDir;
-    SimulatedLine m_sim;
-    std::unique_ptr<Server> m_server;
-    Port* m_port = nullptr;
+    ModelLine m_line;
 };
 
 void TestPeriodThread::initTestCase()
 {
     DebugQt::instance(0x8ED0001, nullptr);
-    m_startDir = QDir::currentPath();
 }
 
 void TestPeriodThread::init()
 {
-    m_dir = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_dir->isValid());
-    QVERIFY(QDir::setCurrent(m_dir->path()));
     QString error;
-    QVERIFY2(m_sim.startDemo(&error), qPrintable(error));
-    m_server = std::make_unique<Server>();
-    m_port = m_server->addPort(QStringLiteral("P1"));
-    QVERIFY(m_port->setSerialName(m_sim.path()));
-    m_port->hart().setByteTimeout(20);
+    QVERIFY2(m_line.start(&error), qPrintable(error));
 }
 
 void TestPeriodThread::cleanup()
 {
-    // The port goes before the line it talks on.
-    m_server.reset();
-    m_port = nullptr;
-    m_sim.stop();
-    QDir::setCurrent(m_startDir);
-    m_dir.reset();
+    m_line.stop();
 }
 
 Device* TestPeriodThread::device(int pollingAddress)
 {
-    Device* d = m_port->addDevice(QStringLiteral("D%1").arg(pollingAddress), QStringLiteral("Custom"), -1);
-    d->setAddress(pollingAddress);
-    if (!d->readDevice(0))
-        return nullptr;
-    m_sim.line().waitForRequests(1, 3000);
-    m_sim.line().clearLog();
+    // Identified, with the line's log cleared of the identification.
+    Device* d = m_line.identify(QStringLiteral("Custom"), pollingAddress);
+    m_line.sim().line().clearLog();
     return d;
 }
 
@@ -172,7 +146,7 @@ void TestPeriodThread::goodMaps()
     thread.setDevice(d, 20);
     QTRY_VERIFY_WITH_TIMEOUT(!maps.isEmpty(), 10000);
     for (auto it = changes.constBegin(); it != changes.constEnd(); ++it)
-        m_sim.setParam(address, it.key(), it.value());
+        m_line.sim().setParam(address, it.key(), it.value());
     // The cycle under way may have started before the change.
     QTRY_VERIFY_WITH_TIMEOUT(maps.count() >= 3, 10000);
     thread.stopThread();
@@ -192,7 +166,7 @@ void TestPeriodThread::goodMaps()
     QCOMPARE(map.value("output_current"), d->getDeviceInfo("output_current"));
     // One command 3 for each map, and one more when stopThread dropped a result.
     int polls = 0;
-    for (const hartsim::RequestRecord& record : m_sim.line().requests())
+    for (const hartsim::RequestRecord& record : m_line.sim().line().requests())
         polls += record.command == 3 ? 1 : 0;
     QVERIFY2(polls == maps.count() || polls == maps.count() + 1, qPrintable(QString::number(polls)));
 }
@@ -217,14 +191,14 @@ void TestPeriodThread::failedCycles()
     QVERIFY(d->readDevice(3));
     const QVariant current = d->getDeviceInfo("output_current");
     QVERIFY(current.toFloat() > 3.9f);
-    const int faultId = m_sim.addFault(3, fault(Fault::Kind(kind), 3));
+    const int faultId = m_line.sim().addFault(3, fault(Fault::Kind(kind), 3));
 
     PeriodThread thread;
     QSignalSpy maps(&thread, &PeriodThread::responsePV);
     thread.setDevice(d, 20);
     // A failure does not stop the polling.
     QTRY_VERIFY_WITH_TIMEOUT(maps.count() >= 2, 20000);
-    QVERIFY(m_sim.line().removeFault(faultId));
+    QVERIFY(m_line.sim().line().removeFault(faultId));
     // The cycle under way may still fail; the one after it is good.
     const int failed = int(maps.count());
     QTRY_VERIFY_WITH_TIMEOUT(maps.count() >= failed + 2, 20000);
@@ -246,9 +220,9 @@ void TestPeriodThread::slowDevice()
 {
     Device* d = device(3);
     QVERIFY(d);
-    m_port->hart().setResponseTimeout(3000);
+    m_line.port()->hart().setResponseTimeout(3000);
     const int exchangeMs = 600;
-    m_sim.addFault(3, fault(Fault::Delay, 3, exchangeMs));
+    m_line.sim().addFault(3, fault(Fault::Delay, 3, exchangeMs));
 
     PeriodThread thread;
     QSignalSpy maps(&thread, &PeriodThread::responsePV);
@@ -260,7 +234,7 @@ void TestPeriodThread::slowDevice()
     thread.setDevice(d, 100);
     QTRY_VERIFY_WITH_TIMEOUT(maps.count() >= 3, 30000);
     // Cycles follow the exchanges, not the ticks.
-    const int requests = m_sim.line().requestCount();
+    const int requests = m_line.sim().line().requestCount();
     QVERIFY2(requests <= clock.elapsed() / exchangeMs + 1, qPrintable(QString::number(requests)));
     QVERIFY(ticks.count() > requests);
     // Without further ticks the cycle under way is the last: no tick is
@@ -269,11 +243,11 @@ void TestPeriodThread::slowDevice()
     maps.wait(2 * exchangeMs + 500);
     const int last = int(maps.count());
     QVERIFY(!maps.wait(3 * exchangeMs));
-    QCOMPARE(m_sim.line().requestCount(), last);
+    QCOMPARE(m_line.sim().line().requestCount(), last);
 
     // stopThread during an exchange waits for its end and drops its map.
     thread.setDevice(d, 60000);
-    QTRY_COMPARE_WITH_TIMEOUT(m_port->semaphore().available(), 0, 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(m_line.port()->semaphore().available(), 0, 5000);
     QVERIFY(!d->hasDeviceInfoParam("PV"));
     thread.stopThread();
     QVERIFY(!thread.isRunning());
@@ -315,7 +289,7 @@ void TestPeriodThread::startRetargetAndStop()
     QVERIFY(!timer->isActive());
     QCOMPARE(d->deviceTagState(), int(Device::TagStateRead));
     QCOMPARE(maps.count(), 2);
-    QCOMPARE(m_sim.line().requestCount(), 2);
+    QCOMPARE(m_line.sim().line().requestCount(), 2);
     // A stopped thread starts again.
     thread.setDevice(d, 60000);
     QTRY_COMPARE_WITH_TIMEOUT(maps.count(), 3, 10000);

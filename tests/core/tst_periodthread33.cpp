@@ -1,16 +1,10 @@
 #include "debugqt.h"
 #include "device.h"
+#include "modelline.h"
 #include "periodthread33.h"
-#include "port.h"
-#include "server.h"
-#include "simulatedline.h"
 
-#include <QDir>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
-
-#include <memory>
 
 using hartsim::Fault;
 
@@ -41,49 +35,30 @@ private slots:
 private:
     Device* device(int pollingAddress);
 
-    std::unique_ptr<QTemporaryDir> m_dir;
-    QString m_startDir;
-    SimulatedLine m_sim;
-    std::unique_ptr<Server> m_server;
-    Port* m_port = nullptr;
+    ModelLine m_line;
 };
 
 void TestPeriodThread33::initTestCase()
 {
     DebugQt::instance(0x8ED0001, nullptr);
-    m_startDir = QDir::currentPath();
 }
 
 void TestPeriodThread33::init()
 {
-    m_dir = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_dir->isValid());
-    QVERIFY(QDir::setCurrent(m_dir->path()));
     QString error;
-    QVERIFY2(m_sim.startDemo(&error), qPrintable(error));
-    m_server = std::make_unique<Server>();
-    m_port = m_server->addPort(QStringLiteral("P1"));
-    QVERIFY(m_port->setSerialName(m_sim.path()));
-    m_port->hart().setByteTimeout(20);
+    QVERIFY2(m_line.start(&error), qPrintable(error));
 }
 
 void TestPeriodThread33::cleanup()
 {
-    m_server.reset();
-    m_port = nullptr;
-    m_sim.stop();
-    QDir::setCurrent(m_startDir);
-    m_dir.reset();
+    m_line.stop();
 }
 
 Device* TestPeriodThread33::device(int pollingAddress)
 {
-    Device* d = m_port->addDevice(QStringLiteral("D%1").arg(pollingAddress), QStringLiteral("Custom"), -1);
-    d->setAddress(pollingAddress);
-    if (!d->readDevice(0))
-        return nullptr;
-    m_sim.line().waitForRequests(1, 3000);
-    m_sim.line().clearLog();
+    // Identified, with the line's log cleared of the identification.
+    Device* d = m_line.identify(QStringLiteral("Custom"), pollingAddress);
+    m_line.sim().line().clearLog();
     return d;
 }
 
@@ -136,7 +111,7 @@ void TestPeriodThread33::goodMaps()
             QCOMPARE(value.typeId(), units[slot].isValid() ? int(QMetaType::Float) : int(QMetaType::UnknownType));
         }
     }
-    const QList<hartsim::RequestRecord> log = m_sim.line().requests();
+    const QList<hartsim::RequestRecord> log = m_line.sim().line().requests();
     QVERIFY(log.size() >= 2);
     for (const hartsim::RequestRecord& record : log) {
         QCOMPARE(int(record.command), 33);
@@ -172,7 +147,7 @@ void TestPeriodThread33::failedCycles()
         Fault fault;
         fault.kind = Fault::NoAnswer;
         fault.command = 33;
-        m_sim.addFault(2, fault);
+        m_line.sim().addFault(2, fault);
     }
     PeriodThread33 thread;
     QSignalSpy maps(&thread, &PeriodThread33::responsePeriodThrd33);
