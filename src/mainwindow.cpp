@@ -417,11 +417,8 @@ bool MainWindow::save()
 
 bool MainWindow::saveWithQuestion()
 {
-    QMessageBox box(QMessageBox::Warning, m_appTitle, tr("Do you want to save your configuration?"),
-                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, this);
-    box.setDefaultButton(QMessageBox::Yes);
-    box.setEscapeButton(QMessageBox::Cancel);
-    if (box.exec() != QMessageBox::Yes)
+    if (question(tr("Do you want to save your configuration?"),
+                 QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes) != QMessageBox::Yes)
         return false;
     return save();
 }
@@ -451,23 +448,25 @@ bool MainWindow::saveAs()
 bool MainWindow::okToContinue(bool exitQuestion)
 {
     if (isWindowModified()) {
-        QMessageBox box(QMessageBox::Warning, m_appTitle,
-                        tr("Configuration has been modified.\nDo you want to save your changes?"),
-                        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, this);
-        box.setDefaultButton(QMessageBox::Yes);
-        box.setEscapeButton(QMessageBox::Cancel);
-        const int answer = box.exec();
+        const int answer = question(tr("Configuration has been modified.\nDo you want to save your changes?"),
+                                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
         if (answer == QMessageBox::Yes)
             return save();
         return answer == QMessageBox::No;
     }
     if (!exitQuestion)
         return true;
-    QMessageBox box(QMessageBox::Warning, m_appTitle, tr("Are you sure you want to exit the application ?"),
-                    QMessageBox::Yes | QMessageBox::Cancel, this);
-    box.setDefaultButton(QMessageBox::Cancel);
+    return question(tr("Are you sure you want to exit the application ?"), QMessageBox::Yes | QMessageBox::Cancel,
+                    QMessageBox::Cancel) != QMessageBox::Cancel;
+}
+
+int MainWindow::question(const QString& text, QMessageBox::StandardButtons buttons,
+                         QMessageBox::StandardButton defaultButton)
+{
+    QMessageBox box(QMessageBox::Warning, m_appTitle, text, buttons, this);
+    box.setDefaultButton(defaultButton);
     box.setEscapeButton(QMessageBox::Cancel);
-    return box.exec() != QMessageBox::Cancel;
+    return box.exec();
 }
 
 void MainWindow::resetAllDeviceStatusAfterSave()

@@ -4,6 +4,7 @@
 #include <QList>
 #include <QMainWindow>
 #include <QMap>
+#include <QMessageBox>
 #include <QStringList>
 
 class AppSettings;
@@ -106,6 +107,9 @@ private:
     void setCurrentFile(const QString& fileName);
     void updateWindowTitle();
     bool okToContinue(bool exitQuestion);
+    // A warning box with the window's title; Cancel is the escape. The
+    // button pressed.
+    int question(const QString& text, QMessageBox::StandardButtons buttons, QMessageBox::StandardButton defaultButton);
     void resetAllDeviceStatusAfterSave();
     QString backupFileName() const;
 
