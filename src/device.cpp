@@ -1002,15 +1002,40 @@ bool Device::checkHartDevice(const QString& tag, const QString& longTag, bool fl
         sendPortTraces(p);
 
     if (found) {
-        m_hartAddress = m_deviceInfo.value(QStringLiteral("address")).toByteArray();
-        m_hartDeviceID = m_deviceInfo.value(QStringLiteral("deviceID")).toByteArray();
-        m_vendorID = m_deviceInfo.value(QStringLiteral("vendorID")).toByteArray();
-        m_expandedDeviceType = m_deviceInfo.value(QStringLiteral("expanded_device_type")).toByteArray();
+        takeIdentityFromDeviceInfo();
         sendModbusMessage(tr("Checked successfully - %1 (%2 %3 exts:%4)!")
                               .arg(name(), hexBytes(m_hartAddress), hexBytes(m_hartDeviceID),
                                    twoHexDigits(m_deviceInfo.value(QStringLiteral("extended_status")).toInt())));
     }
     return finishIdentification(p, found, cmd, clock.elapsed(), frameSent);
+}
+
+void Device::takeIdentityFromDeviceInfo()
+{
+    m_hartAddress = m_deviceInfo.value(QStringLiteral("address")).toByteArray();
+    m_hartDeviceID = m_deviceInfo.value(QStringLiteral("deviceID")).toByteArray();
+    m_vendorID = m_deviceInfo.value(QStringLiteral("vendorID")).toByteArray();
+    m_expandedDeviceType = m_deviceInfo.value(QStringLiteral("expanded_device_type")).toByteArray();
+}
+
+const QList<Device::ModelIdentity>& Device::modelIdentities()
+{
+    static const QList<ModelIdentity> models = {{"TCV-C", OurManufacturerCode, 0x91},
+                                                {"DX-C", OurManufacturerCode, 0x92},
+                                                {"QP-1C", OurManufacturerCode, 0x93},
+                                                {"pH-7702", OurManufacturerCode, 0x94}};
+    return models;
+}
+
+QString Device::templateNameByCodes(int manufacturerCode, int deviceTypeCode)
+{
+    if (manufacturerCode != OurManufacturerCode)
+        return QStringLiteral("General");
+    for (const ModelIdentity& model : modelIdentities()) {
+        if (model.deviceTypeCode == deviceTypeCode)
+            return QString::fromLatin1(model.templateName);
+    }
+    return QStringLiteral("Unknown");
 }
 
 bool Device::checkHartDeviceBy73()

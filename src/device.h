@@ -87,6 +87,26 @@ public:
     int messageLogDepth() const { return m_messageLogDepth; }
     void setMessageLogDepth(int depth);
 
+    // The instrument models of our maker by the identity codes of command 0.
+    struct ModelIdentity
+    {
+        const char* templateName;
+        int manufacturerCode;
+        int deviceTypeCode;
+    };
+    static const QList<ModelIdentity>& modelIdentities();
+    static constexpr int OurManufacturerCode = 0xE0;
+    // The template of a device that answered with these codes: one of our
+    // models, "Unknown" for a device type of ours that no model knows, and
+    // "General" for any other maker's device, which the default model serves.
+    static QString templateNameByCodes(int manufacturerCode, int deviceTypeCode);
+
+    // Takes "address", "deviceID", "vendorID" and "expanded_device_type" of
+    // the device-information map as the device's identity, as a good
+    // identification does; a device found by a scan of the line is known by
+    // what it answered there.
+    void takeIdentityFromDeviceInfo();
+
     QByteArray hartAddress() const { return m_hartAddress; }
     QByteArray hartDeviceID() const { return m_hartDeviceID; }
     QByteArray vendorID() const { return m_vendorID; }

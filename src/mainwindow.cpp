@@ -7,12 +7,14 @@
 #include "deviceadddialog.h"
 #include "devicesummarywidget.h"
 #include "factorynumberdialog.h"
+#include "finddevicedialog.h"
 #include "helpviewer.h"
 #include "port.h"
 #include "rtuporteditor.h"
 #include "server.h"
 #include "serveritem.h"
 #include "settingsdialog.h"
+#include "testdevicedialog.h"
 #include "ui_mainwindow.h"
 
 #include <QCloseEvent>
@@ -834,9 +836,13 @@ Port* MainWindow::portByName(const QString& name) const
 
 Port* MainWindow::portBySerialName(const QString& serialName) const
 {
+    // "ttyUSB0" is the line "/dev/ttyUSB0", as the serial port opens it.
+    const auto line = [](const QString& name) {
+        return name.isEmpty() || name.startsWith(QLatin1Char('/')) ? name : QStringLiteral("/dev/") + name;
+    };
     const QList<Port*> list = m_server->ports();
     for (Port* port : list) {
-        if (port->serialName() == serialName)
+        if (line(port->serialName()) == line(serialName))
             return port;
     }
     return nullptr;
@@ -875,7 +881,63 @@ void MainWindow::help()
 
 void MainWindow::find()
 {
-    QMessageBox::information(this, m_appTitle, tr("Device search is not available in this version."));
+    // The search talks on the lines itself: the ports let go of them first.
+    const QList<Port*> list = m_server->ports();
+    QStringList lines;
+    for (Port* port : list) {
+        port->closeHart();
+        if (!port->serialName().isEmpty())
+            lines << port->serialName();
+    }
+    FindDeviceDialog* dialog = FindDeviceDialog::instance(this);
+    dialog->addPorts(lines, true);
+    if (dialog->exec() == QDialog::Accepted)
+        addFoundDevices(dialog->userSelection());
+}
+
+void MainWindow::addFoundDevices(const QList<QVariantMap>& selection)
+{
+    ServerItem* current = currentServerItem();
+    QStringList present;
+    bool added = false;
+    for (const QVariantMap& found : selection) {
+        const QString line = found.value(QStringLiteral("port")).toString();
+        const QString templateName = found.value(QStringLiteral("template")).toString();
+        const int address = found.value(QStringLiteral("polling_address")).toInt();
+        Port* port = portBySerialName(line);
+        if (!port) {
+            port = m_server->addPort(tr("Port %1").arg(m_server->portCount()));
+            if (!port)
+                continue;
+            port->setSerialName(line);
+            addPortInTree(port, false);
+            added = true;
+        } else if (Device* other = port->device(address)) {
+            // One entry for one device: a second would talk to the same instrument.
+            present << tr("%1 at address %2 of %3").arg(other->name()).arg(address).arg(port->name());
+            continue;
+        }
+        Device* device = port->addDevice(templateName, templateName, -1);
+        if (!device)
+            continue;
+        device->setAddress(address);
+        for (auto it = found.constBegin(); it != found.constEnd(); ++it) {
+            if (it.key() != QLatin1String("port") && it.key() != QLatin1String("template"))
+                device->setDeviceInfo(it.key(), it.value());
+        }
+        // The scan identified it: it answered command 0 with this identity.
+        device->takeIdentityFromDeviceInfo();
+        device->updateDeviceName();
+        addDeviceInTree(port, device, false);
+        added = true;
+    }
+    selectItem(current);
+    if (added)
+        serverModified();
+    if (!present.isEmpty())
+        QMessageBox::information(this, m_appTitle,
+                                 tr("These devices are in the tree already and were not added again:\n%1")
+                                     .arg(present.join(QLatin1Char('\n'))));
 }
 
 void MainWindow::testDevice()
@@ -883,7 +945,18 @@ void MainWindow::testDevice()
     ServerItem* item = currentServerItem();
     if (!item || item->type() != ServerItem::TypeDevice || static_cast<Device*>(item)->hartDeviceID().isEmpty())
         return;
-    QMessageBox::information(this, m_appTitle, tr("Device tests are not available in this version."));
+    auto* device = static_cast<Device*>(item);
+    TestDeviceDialog dialog(this);
+    dialog.setDevice(device);
+    bool changed = false;
+    connect(&dialog, &TestDeviceDialog::changed, this, [&changed]() { changed = true; });
+    dialog.exec();
+    updateDeviceStatusInTree(device);
+    refreshEditor(device);
+    updateActions();
+    // A test that wrote to the device changed what the configuration holds.
+    if (changed)
+        serverModified();
 }
 
 void MainWindow::saveFactoryNumber()

@@ -6,6 +6,7 @@
 #include <QMap>
 #include <QMessageBox>
 #include <QStringList>
+#include <QVariantMap>
 
 class AppSettings;
 class Device;
@@ -123,6 +124,10 @@ private:
     void removeEditor(ServerItem* item);
     void removeDevice(Device* device);
     void removePort(Port* port);
+    // Adds the devices that a search found, each to the port of its line (a
+    // new port where none has that line); a device whose port holds its
+    // polling address already is left out, and the user told.
+    void addFoundDevices(const QList<QVariantMap>& selection);
     ServerItem* itemOf(QTreeWidgetItem* treeItem) const;
     // The item whose page sent the signal now running, else the current one.
     ServerItem* senderItem() const;

@@ -25,23 +25,31 @@ QSettings::Format QJsonSettings::format()
     return g_format;
 }
 
+bool QJsonSettings::parse(const QByteArray& content, QVariantMap* map, int* line, QString* reason)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(content, &error);
+    if (error.error != QJsonParseError::NoError) {
+        *reason = error.errorString();
+        *line = int(content.left(error.offset).count('\n')) + 1;
+        return false;
+    }
+    if (!document.isObject()) {
+        *reason = QStringLiteral("the top level is not an object");
+        *line = 1;
+        return false;
+    }
+    *map = document.object().toVariantMap();
+    return true;
+}
+
 bool QJsonSettings::jsonReadFunc(QIODevice& device, QSettings::SettingsMap& map)
 {
     const QByteArray content = device.readAll();
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(content, &error);
     QString reason;
     int line = 0;
-    if (error.error != QJsonParseError::NoError) {
-        reason = error.errorString();
-        line = content.left(error.offset).count('\n') + 1;
-    } else if (!document.isObject()) {
-        reason = QStringLiteral("the top level is not an object");
-        line = 1;
-    } else {
-        map = document.object().toVariantMap();
+    if (parse(content, &map, &line, &reason))
         return true;
-    }
 
     SDBG(LevelErr) << "parse error at line:" << line << "," << reason;
     if (auto* file = qobject_cast<QFile*>(&device))

@@ -20,6 +20,9 @@ public:
     static QSettings::Format format();
 
     static bool jsonReadFunc(QIODevice& device, QSettings::SettingsMap& map);
+    // The syntax of every file of the store: one JSON object. False, with
+    // the line (from 1) and the reason, for a text that is not one.
+    static bool parse(const QByteArray& content, QVariantMap* map, int* line, QString* reason);
     static bool jsonWriteFunc(QIODevice& device, const QSettings::SettingsMap& map);
 
     // Where a copy of an unreadable file goes: name.corrupt, then

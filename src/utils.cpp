@@ -4,10 +4,16 @@
 #include "qjsonsettings.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QRegularExpression>
 #include <QStandardPaths>
+#include <QThread>
+#include <QTimer>
+
+#include <algorithm>
 
 #include <unistd.h>
 
@@ -175,4 +181,31 @@ void mySleep(int milliseconds)
 void myUSleep(int microseconds)
 {
     usleep(static_cast<useconds_t>(microseconds));
+}
+
+void runWhileEventLoopTurns(const std::function<void()>& job)
+{
+    QEventLoop loop;
+    QThread* worker = QThread::create(job);
+    // Queued behind every event the job posted, so those are all delivered
+    // before the loop ends.
+    QObject::connect(worker, &QThread::finished, &loop, &QEventLoop::quit, Qt::QueuedConnection);
+    worker->start();
+    loop.exec();
+    worker->wait();
+    delete worker;
+}
+
+bool waitWhileEventLoopTurns(int milliseconds, const std::function<bool()>& stop)
+{
+    const QDeadlineTimer deadline(milliseconds);
+    while (!stop()) {
+        const qint64 left = deadline.remainingTime();
+        if (left <= 0)
+            return true;
+        QEventLoop loop;
+        QTimer::singleShot(std::min<qint64>(left, 20), &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+    return false;
 }

@@ -6,6 +6,8 @@
 #include <QVariant>
 #include <QVariantMap>
 
+#include <functional>
+
 class QCoreApplication;
 
 // Path-addressed access to nested value maps: "a/b/c" is the key c in the map
@@ -33,5 +35,15 @@ unsigned int extract_bits(unsigned char* data, int offset, int count);
 
 void mySleep(int milliseconds);
 void myUSleep(int microseconds);
+
+// Runs job on a thread of its own and returns when it is done, while the
+// calling thread's event loop turns: a window stays painted and its clicks
+// (a Cancel) are taken during an exchange that blocks for half a second.
+// Signals the job emits to the caller's objects arrive as queued events,
+// all of them before this returns.
+void runWhileEventLoopTurns(const std::function<void()>& job);
+// Waits for milliseconds with the event loop turning; stops early, with
+// false, as soon as stop() says so.
+bool waitWhileEventLoopTurns(int milliseconds, const std::function<bool()>& stop);
 
 #endif // UTILS_H

@@ -1091,6 +1091,111 @@ Error (processing time: %1ms)</translation>
     </message>
 </context>
 <context>
+    <name>FindDeviceDialog</name>
+    <message>
+        <source>Search device ...</source>
+        <translation>Search device ...</translation>
+    </message>
+    <message>
+        <source>Ports</source>
+        <translation>Ports</translation>
+    </message>
+    <message>
+        <source>The lines to scan: every ticked line is scanned, in this order.</source>
+        <translation>The lines to scan: every ticked line is scanned, in this order.</translation>
+    </message>
+    <message>
+        <source>Open port...</source>
+        <translation>Open port...</translation>
+    </message>
+    <message>
+        <source>Choose a serial line of this computer, or type the path of one (a pseudo-terminal, /dev/serial/by-id/...) and press Enter: it joins the list, ticked.</source>
+        <translation>Choose a serial line of this computer, or type the path of one (a pseudo-terminal, /dev/serial/by-id/...) and press Enter: it joins the list, ticked.</translation>
+    </message>
+    <message>
+        <source>Refresh Port List</source>
+        <translation>Refresh Port List</translation>
+    </message>
+    <message>
+        <source>Address from:</source>
+        <translation>Address from:</translation>
+    </message>
+    <message>
+        <source>to:</source>
+        <translation>to:</translation>
+    </message>
+    <message>
+        <source>The scan stops before this address: 16 scans up to 15, 64 scans every polling address.</source>
+        <translation>The scan stops before this address: 16 scans up to 15, 64 scans every polling address.</translation>
+    </message>
+    <message>
+        <source>Response timeout:</source>
+        <translation>Response timeout:</translation>
+    </message>
+    <message>
+        <source>How long to wait for the first byte of an answer; the default is 370 ms, and an answer ends after a pause of half this time (50 ms by default).</source>
+        <translation>How long to wait for the first byte of an answer; the default is 370 ms, and an answer ends after a pause of half this time (50 ms by default).</translation>
+    </message>
+    <message>
+        <source>default</source>
+        <translation>default</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Start Find</source>
+        <translation>Start Find</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Address</translation>
+    </message>
+    <message>
+        <source>Long Address</source>
+        <translation>Long Address</translation>
+    </message>
+    <message>
+        <source>Tag</source>
+        <translation>Tag</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>Template</source>
+        <translation>Template</translation>
+    </message>
+    <message>
+        <source>Scanning ...</source>
+        <translation>Scanning ...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Cannot open the port %1:
+%2</source>
+        <translation>Cannot open the port %1:
+%2</translation>
+    </message>
+    <message>
+        <source>Search by address %1 via %2 ...</source>
+        <translation>Search by address %1 via %2 ...</translation>
+    </message>
+</context>
+<context>
     <name>HartCommand</name>
     <message>
         <source>*** parity error</source>
@@ -1540,20 +1645,22 @@ Do you want to save your changes?</translation>
         <translation>Port %1</translation>
     </message>
     <message>
-        <source>Device search is not available in this version.</source>
-        <translation>Device search is not available in this version.</translation>
-    </message>
-    <message>
-        <source>Device tests are not available in this version.</source>
-        <translation>Device tests are not available in this version.</translation>
-    </message>
-    <message>
         <source>Select an instrument of our maker to write its factory number.</source>
         <translation>Select an instrument of our maker to write its factory number.</translation>
     </message>
     <message>
         <source>The device %1 has no factory number.</source>
         <translation>The device %1 has no factory number.</translation>
+    </message>
+    <message>
+        <source>%1 at address %2 of %3</source>
+        <translation>%1 at address %2 of %3</translation>
+    </message>
+    <message>
+        <source>These devices are in the tree already and were not added again:
+%1</source>
+        <translation>These devices are in the tree already and were not added again:
+%1</translation>
     </message>
 </context>
 <context>
@@ -2005,6 +2112,378 @@ the transaction</translation>
     <message>
         <source>Invalid device type of tag &apos;%1&apos;</source>
         <translation>Invalid device type of tag &apos;%1&apos;</translation>
+    </message>
+</context>
+<context>
+    <name>TestDeviceDialog</name>
+    <message>
+        <source>Device test</source>
+        <translation>Device test</translation>
+    </message>
+    <message>
+        <source>Test:</source>
+        <translation>Test:</translation>
+    </message>
+    <message>
+        <source>Choose the folder of your own test templates (*.tpl)</source>
+        <translation>Choose the folder of your own test templates (*.tpl)</translation>
+    </message>
+    <message>
+        <source>Open From...</source>
+        <translation>Open From...</translation>
+    </message>
+    <message>
+        <source>Save a copy of the test template</source>
+        <translation>Save a copy of the test template</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Save As...</translation>
+    </message>
+    <message>
+        <source>Check All</source>
+        <translation>Check All</translation>
+    </message>
+    <message>
+        <source>Uncheck All</source>
+        <translation>Uncheck All</translation>
+    </message>
+    <message>
+        <source>Test rounds:</source>
+        <translation>Test rounds:</translation>
+    </message>
+    <message>
+        <source>How many times the ticked commands run, one round after the other</source>
+        <translation>How many times the ticked commands run, one round after the other</translation>
+    </message>
+    <message>
+        <source>Pause:</source>
+        <translation>Pause:</translation>
+    </message>
+    <message>
+        <source>The wait after an exchange whose command names no wait of its own</source>
+        <translation>The wait after an exchange whose command names no wait of its own</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Go on with an interrupted test from the command it stopped at</source>
+        <translation>Go on with an interrupted test from the command it stopped at</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Continue</translation>
+    </message>
+    <message>
+        <source>Save Report...</source>
+        <translation>Save Report...</translation>
+    </message>
+    <message>
+        <source>Cmd</source>
+        <translation>Cmd</translation>
+    </message>
+    <message>
+        <source>Context</source>
+        <translation>Context</translation>
+    </message>
+    <message>
+        <source>Cycles</source>
+        <translation>Cycles</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>Values</translation>
+    </message>
+    <message>
+        <source>Error count</source>
+        <translation>Error count</translation>
+    </message>
+    <message>
+        <source>Error text</source>
+        <translation>Error text</translation>
+    </message>
+    <message>
+        <source>Test of the device %1</source>
+        <translation>Test of the device %1</translation>
+    </message>
+    <message>
+        <source>The folder of tests %1 does not exist.</source>
+        <translation>The folder of tests %1 does not exist.</translation>
+    </message>
+    <message>
+        <source>Failed to load test %1</source>
+        <translation>Failed to load test %1</translation>
+    </message>
+    <message>
+        <source>command %1</source>
+        <translation>command %1</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Test round %1...</source>
+        <translation>Test round %1...</translation>
+    </message>
+    <message>
+        <source>The test did not run: the device is not the one it was written for.</source>
+        <translation>The test did not run: the device is not the one it was written for.</translation>
+    </message>
+    <message>
+        <source>###### Test round %1 goes on ######
+</source>
+        <translation>###### Test round %1 goes on ######
+</translation>
+    </message>
+    <message>
+        <source>The test was interrupted; Continue goes on from command %1.</source>
+        <translation>The test was interrupted; Continue goes on from command %1.</translation>
+    </message>
+    <message>
+        <source>Total round errors: %1
+</source>
+        <translation>Total round errors: %1
+</translation>
+    </message>
+    <message>
+        <source>Total test errors: %1
+</source>
+        <translation>Total test errors: %1
+</translation>
+    </message>
+    <message>
+        <source>No errors.</source>
+        <translation>No errors.</translation>
+    </message>
+    <message>
+        <source>%1 errors: %2</source>
+        <translation>%1 errors: %2</translation>
+    </message>
+    <message>
+        <source>###### Test round %1 ######
+</source>
+        <translation>###### Test round %1 ######
+</translation>
+    </message>
+    <message>
+        <source>Test command %1 - %2 (%3 cycles)...</source>
+        <translation>Test command %1 - %2 (%3 cycles)...</translation>
+    </message>
+    <message>
+        <source>readDevice(%1) %2</source>
+        <translation>readDevice(%1) %2</translation>
+    </message>
+    <message>
+        <source>--- cycle: %1 ---</source>
+        <translation>--- cycle: %1 ---</translation>
+    </message>
+    <message>
+        <source>values - [%1]</source>
+        <translation>values - [%1]</translation>
+    </message>
+    <message>
+        <source>Test command %1 - %2...
+%3</source>
+        <translation>Test command %1 - %2...
+%3</translation>
+    </message>
+    <message>
+        <source>writeDevice(%1)</source>
+        <translation>writeDevice(%1)</translation>
+    </message>
+    <message>
+        <source>when writing a values [%1], an error occurred:</source>
+        <translation>when writing a values [%1], an error occurred:</translation>
+    </message>
+    <message>
+        <source>*** check -&gt; readDevice(%1)</source>
+        <translation>*** check -&gt; readDevice(%1)</translation>
+    </message>
+    <message>
+        <source>Test command %1 - %2...
+check result by command %3</source>
+        <translation>Test command %1 - %2...
+check result by command %3</translation>
+    </message>
+    <message>
+        <source>Checking cmd %1: %2</source>
+        <translation>Checking cmd %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 validation error: send:%2 recv:%3</source>
+        <translation>%1 validation error: send:%2 recv:%3</translation>
+    </message>
+    <message>
+        <source>The port %1 is closed.</source>
+        <translation>The port %1 is closed.</translation>
+    </message>
+    <message>
+        <source>Test of command %1 %2.</source>
+        <translation>Test of command %1 %2.</translation>
+    </message>
+    <message>
+        <source>was interrupted</source>
+        <translation>was interrupted</translation>
+    </message>
+    <message>
+        <source>completed</source>
+        <translation>completed</translation>
+    </message>
+    <message>
+        <source>total command %1 errors: %2
+</source>
+        <translation>total command %1 errors: %2
+</translation>
+    </message>
+    <message>
+        <source>Checking the device against the test...</source>
+        <translation>Checking the device against the test...</translation>
+    </message>
+    <message>
+        <source>%1: the test expects %2, the device has %3</source>
+        <translation>%1: the test expects %2, the device has %3</translation>
+    </message>
+    <message>
+        <source>nothing known</source>
+        <translation>nothing known</translation>
+    </message>
+    <message>
+        <source>The device is the one the test was written for.</source>
+        <translation>The device is the one the test was written for.</translation>
+    </message>
+    <message>
+        <source>The device does not match the test:
+%1
+
+Run the test anyway?</source>
+        <translation>The device does not match the test:
+%1
+
+Run the test anyway?</translation>
+    </message>
+    <message>
+        <source>unknown error</source>
+        <translation>unknown error</translation>
+    </message>
+    <message>
+        <source>validation error</source>
+        <translation>validation error</translation>
+    </message>
+    <message>
+        <source>validation errors</source>
+        <translation>validation errors</translation>
+    </message>
+    <message>
+        <source>Save Report</source>
+        <translation>Save Report</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt);;All files (*)</source>
+        <translation>Text files (*.txt);;All files (*)</translation>
+    </message>
+    <message>
+        <source>Device test report</source>
+        <translation>Device test report</translation>
+    </message>
+    <message>
+        <source>Test: %1 (%2)</source>
+        <translation>Test: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Device: %1, template %2, polling address %3, long address %4, line %5</source>
+        <translation>Device: %1, template %2, polling address %3, long address %4, line %5</translation>
+    </message>
+    <message>
+        <source>Started: %1</source>
+        <translation>Started: %1</translation>
+    </message>
+    <message>
+        <source>The report could not be written to %1:
+%2</source>
+        <translation>The report could not be written to %1:
+%2</translation>
+    </message>
+    <message>
+        <source>Path for tests</source>
+        <translation>Path for tests</translation>
+    </message>
+    <message>
+        <source>The test template file does not exist!</source>
+        <translation>The test template file does not exist!</translation>
+    </message>
+    <message>
+        <source>Reports (*.tpl);;All files (*.*)</source>
+        <translation>Reports (*.tpl);;All files (*.*)</translation>
+    </message>
+    <message>
+        <source>Error copying the test template file</source>
+        <translation>Error copying the test template file</translation>
+    </message>
+</context>
+<context>
+    <name>TestTemplate</name>
+    <message>
+        <source>cannot open the file: %1</source>
+        <translation>cannot open the file: %1</translation>
+    </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation>line %1: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a text</source>
+        <translation>&quot;%1&quot; is not a text</translation>
+    </message>
+    <message>
+        <source>it names no &quot;template&quot;</source>
+        <translation>it names no &quot;template&quot;</translation>
+    </message>
+    <message>
+        <source>it has no &quot;device&quot; object</source>
+        <translation>it has no &quot;device&quot; object</translation>
+    </message>
+    <message>
+        <source>&quot;commands&quot; of &quot;device&quot; is not a list of commands</source>
+        <translation>&quot;commands&quot; of &quot;device&quot; is not a list of commands</translation>
+    </message>
+    <message>
+        <source>command %1: not an object</source>
+        <translation>command %1: not an object</translation>
+    </message>
+    <message>
+        <source>command %1: </source>
+        <translation>command %1: </translation>
+    </message>
+    <message>
+        <source>&quot;number&quot; must be a HART command from 0 to 255</source>
+        <translation>&quot;number&quot; must be a HART command from 0 to 255</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a whole number from %2 to %3</source>
+        <translation>&quot;%1&quot; must be a whole number from %2 to %3</translation>
+    </message>
+    <message>
+        <source>&quot;description&quot; is not a text</source>
+        <translation>&quot;description&quot; is not a text</translation>
+    </message>
+    <message>
+        <source>&quot;print&quot; must be a list of value names</source>
+        <translation>&quot;print&quot; must be a list of value names</translation>
+    </message>
+    <message>
+        <source>&quot;close_port&quot; must be true or false</source>
+        <translation>&quot;close_port&quot; must be true or false</translation>
+    </message>
+    <message>
+        <source>&quot;parameters&quot; must give each value name a list of values, one for each cycle</source>
+        <translation>&quot;parameters&quot; must give each value name a list of values, one for each cycle</translation>
     </message>
 </context>
 </TS>

@@ -1091,6 +1091,111 @@ Error (processing time: %1ms)</source>
     </message>
 </context>
 <context>
+    <name>FindDeviceDialog</name>
+    <message>
+        <source>Search device ...</source>
+        <translation>Поиск устройств ...</translation>
+    </message>
+    <message>
+        <source>Ports</source>
+        <translation>Порты</translation>
+    </message>
+    <message>
+        <source>The lines to scan: every ticked line is scanned, in this order.</source>
+        <translation>Линии для поиска: каждая отмеченная линия опрашивается в этом порядке.</translation>
+    </message>
+    <message>
+        <source>Open port...</source>
+        <translation>Открыть порт...</translation>
+    </message>
+    <message>
+        <source>Choose a serial line of this computer, or type the path of one (a pseudo-terminal, /dev/serial/by-id/...) and press Enter: it joins the list, ticked.</source>
+        <translation>Выберите последовательный порт компьютера или введите его путь (псевдотерминал, /dev/serial/by-id/...) и нажмите Enter: порт добавится в список отмеченным.</translation>
+    </message>
+    <message>
+        <source>Refresh Port List</source>
+        <translation>Обновить список портов</translation>
+    </message>
+    <message>
+        <source>Address from:</source>
+        <translation>Адреса с:</translation>
+    </message>
+    <message>
+        <source>to:</source>
+        <translation>по:</translation>
+    </message>
+    <message>
+        <source>The scan stops before this address: 16 scans up to 15, 64 scans every polling address.</source>
+        <translation>Поиск останавливается перед этим адресом: 16 — опрос до 15, 64 — опрос всех адресов.</translation>
+    </message>
+    <message>
+        <source>Response timeout:</source>
+        <translation>Тайм-аут ответа:</translation>
+    </message>
+    <message>
+        <source>How long to wait for the first byte of an answer; the default is 370 ms, and an answer ends after a pause of half this time (50 ms by default).</source>
+        <translation>Сколько ждать первого байта ответа; по умолчанию 370 мс. Ответ заканчивается паузой в половину этого времени (по умолчанию 50 мс).</translation>
+    </message>
+    <message>
+        <source>default</source>
+        <translation>по умолчанию</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>мс</translation>
+    </message>
+    <message>
+        <source>Start Find</source>
+        <translation>Начать поиск</translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation>Порт</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Адрес</translation>
+    </message>
+    <message>
+        <source>Long Address</source>
+        <translation>Длинный адрес</translation>
+    </message>
+    <message>
+        <source>Tag</source>
+        <translation>Тег</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Описание</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Дата</translation>
+    </message>
+    <message>
+        <source>Template</source>
+        <translation>Шаблон</translation>
+    </message>
+    <message>
+        <source>Scanning ...</source>
+        <translation>Поиск ...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Cannot open the port %1:
+%2</source>
+        <translation>Не удалось открыть порт %1:
+%2</translation>
+    </message>
+    <message>
+        <source>Search by address %1 via %2 ...</source>
+        <translation>Поиск по адресу %1 через %2 ...</translation>
+    </message>
+</context>
+<context>
     <name>HartCommand</name>
     <message>
         <source>*** parity error</source>
@@ -1540,20 +1645,22 @@ Do you want to save your changes?</source>
         <translation>Порт %1</translation>
     </message>
     <message>
-        <source>Device search is not available in this version.</source>
-        <translation>Поиск приборов недоступен в этой версии.</translation>
-    </message>
-    <message>
-        <source>Device tests are not available in this version.</source>
-        <translation>Тесты приборов недоступны в этой версии.</translation>
-    </message>
-    <message>
         <source>Select an instrument of our maker to write its factory number.</source>
         <translation>Выберите прибор нашего производства, чтобы записать его заводской номер.</translation>
     </message>
     <message>
         <source>The device %1 has no factory number.</source>
         <translation>У прибора %1 нет заводского номера.</translation>
+    </message>
+    <message>
+        <source>%1 at address %2 of %3</source>
+        <translation>%1 по адресу %2 порта %3</translation>
+    </message>
+    <message>
+        <source>These devices are in the tree already and were not added again:
+%1</source>
+        <translation>Эти устройства уже есть в дереве и повторно не добавлены:
+%1</translation>
     </message>
 </context>
 <context>
@@ -1782,7 +1889,7 @@ Do you want to save your changes?</source>
     </message>
     <message>
         <source>ms</source>
-        <translation>ms</translation>
+        <translation>мс</translation>
     </message>
     <message>
         <source>Response timeout:</source>
@@ -2005,6 +2112,378 @@ the transaction</source>
     <message>
         <source>Invalid device type of tag &apos;%1&apos;</source>
         <translation>Неверный тип прибора для тега &apos;%1&apos;</translation>
+    </message>
+</context>
+<context>
+    <name>TestDeviceDialog</name>
+    <message>
+        <source>Device test</source>
+        <translation>Тест устройства</translation>
+    </message>
+    <message>
+        <source>Test:</source>
+        <translation>Тест:</translation>
+    </message>
+    <message>
+        <source>Choose the folder of your own test templates (*.tpl)</source>
+        <translation>Выбрать папку со своими шаблонами тестов (*.tpl)</translation>
+    </message>
+    <message>
+        <source>Open From...</source>
+        <translation>Открыть из...</translation>
+    </message>
+    <message>
+        <source>Save a copy of the test template</source>
+        <translation>Сохранить копию шаблона теста</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Сохранить как...</translation>
+    </message>
+    <message>
+        <source>Check All</source>
+        <translation>Отметить все</translation>
+    </message>
+    <message>
+        <source>Uncheck All</source>
+        <translation>Снять все</translation>
+    </message>
+    <message>
+        <source>Test rounds:</source>
+        <translation>Циклов теста:</translation>
+    </message>
+    <message>
+        <source>How many times the ticked commands run, one round after the other</source>
+        <translation>Сколько раз выполнить отмеченные команды, цикл за циклом</translation>
+    </message>
+    <message>
+        <source>Pause:</source>
+        <translation>Пауза:</translation>
+    </message>
+    <message>
+        <source>The wait after an exchange whose command names no wait of its own</source>
+        <translation>Ожидание после обмена, если у команды нет своей задержки</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> мс</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Старт</translation>
+    </message>
+    <message>
+        <source>Go on with an interrupted test from the command it stopped at</source>
+        <translation>Продолжить прерванный тест с команды, на которой он остановился</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Продолжить</translation>
+    </message>
+    <message>
+        <source>Save Report...</source>
+        <translation>Сохранить отчёт...</translation>
+    </message>
+    <message>
+        <source>Cmd</source>
+        <translation>Ком.</translation>
+    </message>
+    <message>
+        <source>Context</source>
+        <translation>Назначение</translation>
+    </message>
+    <message>
+        <source>Cycles</source>
+        <translation>Повторы</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>Значения</translation>
+    </message>
+    <message>
+        <source>Error count</source>
+        <translation>Ошибок</translation>
+    </message>
+    <message>
+        <source>Error text</source>
+        <translation>Текст ошибки</translation>
+    </message>
+    <message>
+        <source>Test of the device %1</source>
+        <translation>Тест устройства %1</translation>
+    </message>
+    <message>
+        <source>The folder of tests %1 does not exist.</source>
+        <translation>Папка тестов %1 не существует.</translation>
+    </message>
+    <message>
+        <source>Failed to load test %1</source>
+        <translation>Не удалось загрузить тест %1</translation>
+    </message>
+    <message>
+        <source>command %1</source>
+        <translation>команда %1</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Test round %1...</source>
+        <translation>Цикл теста %1...</translation>
+    </message>
+    <message>
+        <source>The test did not run: the device is not the one it was written for.</source>
+        <translation>Тест не выполнен: устройство не то, для которого он написан.</translation>
+    </message>
+    <message>
+        <source>###### Test round %1 goes on ######
+</source>
+        <translation>###### Цикл теста %1 продолжается ######
+</translation>
+    </message>
+    <message>
+        <source>The test was interrupted; Continue goes on from command %1.</source>
+        <translation>Тест прерван; «Продолжить» продолжит его с команды %1.</translation>
+    </message>
+    <message>
+        <source>Total round errors: %1
+</source>
+        <translation>Всего ошибок в цикле: %1
+</translation>
+    </message>
+    <message>
+        <source>Total test errors: %1
+</source>
+        <translation>Всего ошибок теста: %1
+</translation>
+    </message>
+    <message>
+        <source>No errors.</source>
+        <translation>Ошибок нет.</translation>
+    </message>
+    <message>
+        <source>%1 errors: %2</source>
+        <translation>%1 ошибок: %2</translation>
+    </message>
+    <message>
+        <source>###### Test round %1 ######
+</source>
+        <translation>###### Цикл теста %1 ######
+</translation>
+    </message>
+    <message>
+        <source>Test command %1 - %2 (%3 cycles)...</source>
+        <translation>Тест команды %1 - %2 (повторов: %3)...</translation>
+    </message>
+    <message>
+        <source>readDevice(%1) %2</source>
+        <translation>readDevice(%1) %2</translation>
+    </message>
+    <message>
+        <source>--- cycle: %1 ---</source>
+        <translation>--- повтор: %1 ---</translation>
+    </message>
+    <message>
+        <source>values - [%1]</source>
+        <translation>значения - [%1]</translation>
+    </message>
+    <message>
+        <source>Test command %1 - %2...
+%3</source>
+        <translation>Тест команды %1 - %2...
+%3</translation>
+    </message>
+    <message>
+        <source>writeDevice(%1)</source>
+        <translation>writeDevice(%1)</translation>
+    </message>
+    <message>
+        <source>when writing a values [%1], an error occurred:</source>
+        <translation>при записи значений [%1] произошла ошибка:</translation>
+    </message>
+    <message>
+        <source>*** check -&gt; readDevice(%1)</source>
+        <translation>*** проверка -&gt; readDevice(%1)</translation>
+    </message>
+    <message>
+        <source>Test command %1 - %2...
+check result by command %3</source>
+        <translation>Тест команды %1 - %2...
+проверка результата командой %3</translation>
+    </message>
+    <message>
+        <source>Checking cmd %1: %2</source>
+        <translation>Проверка командой %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 validation error: send:%2 recv:%3</source>
+        <translation>%1 ошибка проверки: отправлено:%2 получено:%3</translation>
+    </message>
+    <message>
+        <source>The port %1 is closed.</source>
+        <translation>Порт %1 закрыт.</translation>
+    </message>
+    <message>
+        <source>Test of command %1 %2.</source>
+        <translation>Тест команды %1 %2.</translation>
+    </message>
+    <message>
+        <source>was interrupted</source>
+        <translation>прерван</translation>
+    </message>
+    <message>
+        <source>completed</source>
+        <translation>завершён</translation>
+    </message>
+    <message>
+        <source>total command %1 errors: %2
+</source>
+        <translation>всего ошибок команды %1: %2
+</translation>
+    </message>
+    <message>
+        <source>Checking the device against the test...</source>
+        <translation>Проверка соответствия устройства тесту...</translation>
+    </message>
+    <message>
+        <source>%1: the test expects %2, the device has %3</source>
+        <translation>%1: тест ожидает %2, у устройства %3</translation>
+    </message>
+    <message>
+        <source>nothing known</source>
+        <translation>неизвестно</translation>
+    </message>
+    <message>
+        <source>The device is the one the test was written for.</source>
+        <translation>Устройство соответствует тесту.</translation>
+    </message>
+    <message>
+        <source>The device does not match the test:
+%1
+
+Run the test anyway?</source>
+        <translation>Устройство не соответствует тесту:
+%1
+
+Всё равно выполнить тест?</translation>
+    </message>
+    <message>
+        <source>unknown error</source>
+        <translation>неизвестная ошибка</translation>
+    </message>
+    <message>
+        <source>validation error</source>
+        <translation>ошибка проверки</translation>
+    </message>
+    <message>
+        <source>validation errors</source>
+        <translation>ошибки проверки</translation>
+    </message>
+    <message>
+        <source>Save Report</source>
+        <translation>Сохранить отчёт</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt);;All files (*)</source>
+        <translation>Текстовые файлы (*.txt);;Все файлы (*)</translation>
+    </message>
+    <message>
+        <source>Device test report</source>
+        <translation>Отчёт о тесте устройства</translation>
+    </message>
+    <message>
+        <source>Test: %1 (%2)</source>
+        <translation>Тест: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Device: %1, template %2, polling address %3, long address %4, line %5</source>
+        <translation>Устройство: %1, шаблон %2, адрес опроса %3, длинный адрес %4, линия %5</translation>
+    </message>
+    <message>
+        <source>Started: %1</source>
+        <translation>Начат: %1</translation>
+    </message>
+    <message>
+        <source>The report could not be written to %1:
+%2</source>
+        <translation>Не удалось записать отчёт в %1:
+%2</translation>
+    </message>
+    <message>
+        <source>Path for tests</source>
+        <translation>Путь к тестам</translation>
+    </message>
+    <message>
+        <source>The test template file does not exist!</source>
+        <translation>Файл шаблона теста не существует!</translation>
+    </message>
+    <message>
+        <source>Reports (*.tpl);;All files (*.*)</source>
+        <translation>Отчёты (*.tpl);;Все файлы (*.*)</translation>
+    </message>
+    <message>
+        <source>Error copying the test template file</source>
+        <translation>Ошибка копирования файла шаблона теста</translation>
+    </message>
+</context>
+<context>
+    <name>TestTemplate</name>
+    <message>
+        <source>cannot open the file: %1</source>
+        <translation>не удалось открыть файл: %1</translation>
+    </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation>строка %1: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a text</source>
+        <translation>&quot;%1&quot; — не текст</translation>
+    </message>
+    <message>
+        <source>it names no &quot;template&quot;</source>
+        <translation>в нём нет &quot;template&quot;</translation>
+    </message>
+    <message>
+        <source>it has no &quot;device&quot; object</source>
+        <translation>в нём нет объекта &quot;device&quot;</translation>
+    </message>
+    <message>
+        <source>&quot;commands&quot; of &quot;device&quot; is not a list of commands</source>
+        <translation>&quot;commands&quot; в &quot;device&quot; — не список команд</translation>
+    </message>
+    <message>
+        <source>command %1: not an object</source>
+        <translation>команда %1: не объект</translation>
+    </message>
+    <message>
+        <source>command %1: </source>
+        <translation>команда %1: </translation>
+    </message>
+    <message>
+        <source>&quot;number&quot; must be a HART command from 0 to 255</source>
+        <translation>&quot;number&quot; должен быть командой HART от 0 до 255</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; must be a whole number from %2 to %3</source>
+        <translation>&quot;%1&quot; должно быть целым числом от %2 до %3</translation>
+    </message>
+    <message>
+        <source>&quot;description&quot; is not a text</source>
+        <translation>&quot;description&quot; — не текст</translation>
+    </message>
+    <message>
+        <source>&quot;print&quot; must be a list of value names</source>
+        <translation>&quot;print&quot; должен быть списком имён значений</translation>
+    </message>
+    <message>
+        <source>&quot;close_port&quot; must be true or false</source>
+        <translation>&quot;close_port&quot; должен быть true или false</translation>
+    </message>
+    <message>
+        <source>&quot;parameters&quot; must give each value name a list of values, one for each cycle</source>
+        <translation>&quot;parameters&quot; должен давать каждому имени значения список значений, по одному на повтор</translation>
     </message>
 </context>
 </TS>

@@ -4,7 +4,7 @@
 // Answers the modal dialogs that open while it lives, each once, in the order
 // they come up, and records what each said in seen(): "title|text" for a
 // message box, "title|file" for a file dialog, "title|<class name>" for any
-// other dialog.
+// other dialog. A progress dialog is no question: it is left alone.
 //
 // Given answers, it takes the next one for each dialog: a message box gets the
 // button of that standard button (its escape button when none is left or the
@@ -18,6 +18,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
+#include <QProgressDialog>
 #include <QStringList>
 #include <QTimer>
 #include <QVariantList>
@@ -52,7 +53,7 @@ private:
             chooseFile();
             return;
         }
-        if (!modal || m_handled.contains(modal))
+        if (!modal || m_handled.contains(modal) || qobject_cast<QProgressDialog*>(modal))
             return;
         m_handled << modal;
         auto* box = qobject_cast<QMessageBox*>(modal);

@@ -435,6 +435,13 @@ void TestDevice::codeTexts()
             QCOMPARE(text(row.section(QLatin1Char(':'), 0, 0).toInt()), row.section(QLatin1Char(':'), 1));
     }
 
+    // Templates by identity: our maker's types, an unknown type of ours, any other maker.
+    const QString templates = QStringLiteral("224:145:TCV-C;224:146:DX-C;224:147:QP-1C;224:148:pH-7702;224:149:Unknown;"
+                                             "224:0:Unknown;17:42:General;17:145:General;0:148:General");
+    for (const QString& row : templates.split(QLatin1Char(';')))
+        QCOMPARE(Device::templateNameByCodes(row.section(':', 0, 0).toInt(), row.section(':', 1, 1).toInt()),
+                 row.section(':', 2));
+
     // The variables' units are looked up with their classes, calibration
     // with class 0.
     Device device;

@@ -1,16 +1,20 @@
 #include "appsettings.h"
 #include "debugqt.h"
 #include "device.h"
+#include "finddevicedialog.h"
 #include "mainwindow.h"
 #include "modalanswerer.h"
 #include "port.h"
 #include "server.h"
+#include "simulatedline.h"
 
 #include <QAction>
 #include <QJsonDocument>
 #include <QLabel>
 #include <QMessageBox>
+#include <QSpinBox>
 #include <QSplitter>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTreeWidgetItem>
 #include <QtTest>
@@ -44,6 +48,7 @@ private slots:
     void deviceTreeRules();
     void factoryNumberNeedsModelDevice_data();
     void factoryNumberNeedsModelDevice();
+    void findAddsDevicesOnce();
 
 private:
     // Writes the configuration file (and the pointer file naming it) with the
@@ -518,3 +523,53 @@ void TestMainWindow::factoryNumberNeedsModelDevice()
 
 QTEST_MAIN(TestMainWindow)
 #include "tst_mainwindow.moc"
+
+void TestMainWindow::findAddsDevicesOnce()
+{
+    SimulatedLine sim;
+    QString error;
+    QVERIFY2(sim.startDemo(&error), qPrintable(error));
+    MainWindow window;
+    FindDeviceDialog::instance(&window)->addPorts({sim.path()}, true);
+    // Scans 0 to 3, takes every row; and remembers what a box says.
+    QStringList boxes;
+    const auto user = [&boxes](QDialog* dialog) {
+        if (auto* box = qobject_cast<QMessageBox*>(dialog)) {
+            boxes << box->text();
+            QMetaObject::invokeMethod(box, "accept", Qt::QueuedConnection);
+        } else if (auto* find = qobject_cast<FindDeviceDialog*>(dialog)) {
+            QMetaObject::invokeMethod(
+                find,
+                [find]() {
+                    find->findChild<QSpinBox*>("spnAddressTo")->setValue(4);
+                    find->on_btnStart_clicked();
+                    find->findChild<QTableWidget*>()->selectAll();
+                    find->accept();
+                },
+                Qt::QueuedConnection);
+        }
+    };
+    for (int round = 0; round < 2; ++round) {
+        ModalAnswerer answerer(user);
+        window.find();
+    }
+
+    // A new port for the line, the devices identified under their tags; the
+    // second search found them in the tree and added nothing.
+    QCOMPARE(window.portNames(), QStringList({"P0", "Port_1"}));
+    Port* port = window.portBySerialName(sim.path());
+    QVERIFY(port);
+    QStringList names;
+    for (Device* d : port->devices()) {
+        names << d->name();
+        QVERIFY(d->isIdentified() && window.treeItem(d));
+    }
+    QCOMPARE(names, QStringList({"TCV-C_{TT-101}", "QP-1C_{PT-102}", "pH-7702_{AT-103}", "General_{FT-104}"}));
+    QCOMPARE(port->device(2)->deviceInfo().value("manufacturer_code").toInt(), 0xE0);
+    QCOMPARE(boxes.size(), 1);
+    QVERIFY2(boxes.at(0).endsWith("were not added again:\nTCV-C_{TT-101} at address 0 of Port_1\n"
+                                  "QP-1C_{PT-102} at address 1 of Port_1\npH-7702_{AT-103} at address 2 of Port_1\n"
+                                  "General_{FT-104} at address 3 of Port_1"),
+             qPrintable(boxes.at(0)));
+    QVERIFY(window.isWindowModified());
+}
