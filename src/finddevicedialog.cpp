@@ -34,6 +34,13 @@ enum Column {
 const int TagCommand = 13;
 const int TagAnswerSize = 21;
 
+// Every column to its contents but the last, which takes the rest of the width.
+void resizeColumns(QTableWidget* table)
+{
+    for (int column = 0; column + 1 < table->columnCount(); ++column)
+        table->resizeColumnToContents(column);
+}
+
 } // namespace
 
 FindDeviceDialog* FindDeviceDialog::instance(QWidget* parent)
@@ -306,7 +313,7 @@ void FindDeviceDialog::appendTabWidget(int address, const QString& port, QVarian
         cell->setData(Qt::UserRole, int(m_found.size()) - 1);
         ui->tableWidget->setItem(row, column, cell);
     }
-    ui->tableWidget->resizeColumnsToContents();
+    resizeColumns(ui->tableWidget);
     ui->tableWidget->scrollToItem(ui->tableWidget->item(row, 0));
 }
 
@@ -318,7 +325,7 @@ void FindDeviceDialog::stopFind()
     ui->buttonBox->button(QDialogButtonBox::Cancel)->setEnabled(true);
     updateStartButton();
     m_port.close();
-    ui->tableWidget->resizeColumnsToContents();
+    resizeColumns(ui->tableWidget);
 }
 
 QList<QVariantMap> FindDeviceDialog::userSelection() const
@@ -339,6 +346,9 @@ void FindDeviceDialog::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange) {
         ui->retranslateUi(this);
         setHeaderLabels();
+        // New texts, new widths.
+        ui->spnResponseTimeout->updateGeometry();
+        resizeColumns(ui->tableWidget);
     }
     QDialog::changeEvent(event);
 }

@@ -32,6 +32,7 @@ enum Column {
 };
 
 const char* const BuiltInTests = ":/tests";
+const int MaxValuesWidth = 320;
 const char* const ErrorColour = "#c00000";
 const char* const WarningColour = "#a06000";
 const char* const HeadColour = "#000080";
@@ -124,6 +125,8 @@ void TestDeviceDialog::loadAllTemplates()
     // The built-in tests first, then the user's own.
     loadTestTemlates(QString::fromLatin1(BuiltInTests));
     loadTestTemlates(userTestsPath());
+    if (m_templates.isEmpty() && m_device)
+        m_loadErrors << tr("There is no test for the template %1.").arg(m_device->deviceTemplateName());
     ui->lblMessage->setText(m_loadErrors.join(QLatin1Char('\n')));
     ui->lblMessage->setVisible(!m_loadErrors.isEmpty());
 
@@ -240,10 +243,16 @@ void TestDeviceDialog::loadTemplateInTable(const QVariantMap& test)
             if (column == ColumnCycles)
                 flags |= Qt::ItemIsEditable;
             cell->setFlags(flags);
+            if (column == ColumnValues)
+                cell->setToolTip(cell->text());
             ui->tableWidget->setItem(row, column, cell);
         }
     }
-    ui->tableWidget->resizeColumnsToContents();
+    // The last column takes the rest of the width; long values are cut, and
+    // shown whole as a tip.
+    for (int column = 0; column + 1 < ColumnCount; ++column)
+        ui->tableWidget->resizeColumnToContents(column);
+    ui->tableWidget->setColumnWidth(ColumnValues, qMin(ui->tableWidget->columnWidth(ColumnValues), MaxValuesWidth));
 }
 
 // ---------------------------------------------------------------------------

@@ -2426,6 +2426,10 @@ Run the test anyway?</translation>
         <source>Error copying the test template file</source>
         <translation>Error copying the test template file</translation>
     </message>
+    <message>
+        <source>There is no test for the template %1.</source>
+        <translation>There is no test for the template %1.</translation>
+    </message>
 </context>
 <context>
     <name>TestTemplate</name>

@@ -2426,6 +2426,10 @@ Run the test anyway?</source>
         <source>Error copying the test template file</source>
         <translation>Ошибка копирования файла шаблона теста</translation>
     </message>
+    <message>
+        <source>There is no test for the template %1.</source>
+        <translation>Для шаблона %1 тестов нет.</translation>
+    </message>
 </context>
 <context>
     <name>TestTemplate</name>
