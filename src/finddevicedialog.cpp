@@ -58,6 +58,8 @@ FindDeviceDialog::FindDeviceDialog(QWidget* parent) : QDialog(parent), ui(new Ui
     ui->tableWidget->horizontalHeader()->setStretchLastSection(true);
     ui->tableWidget->setWordWrap(false);
     setHeaderLabels();
+    // The box hands its keys to its line edit directly: the box is watched.
+    ui->cmbPorts->installEventFilter(this);
     ui->cmbPorts->lineEdit()->installEventFilter(this);
     ui->cmbPorts->lineEdit()->setPlaceholderText(QStringLiteral("/dev/ttyUSB0"));
 
@@ -154,7 +156,7 @@ void FindDeviceDialog::on_cmbPorts_currentIndexChanged(int index)
 bool FindDeviceDialog::eventFilter(QObject* watched, QEvent* event)
 {
     // Enter in the path field takes the typed line; it does not close the dialog.
-    if (watched == ui->cmbPorts->lineEdit() && event->type() == QEvent::KeyPress) {
+    if ((watched == ui->cmbPorts || watched == ui->cmbPorts->lineEdit()) && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             if (QListWidgetItem* entry = addPortEntry(ui->cmbPorts->currentText(), true))

@@ -3,6 +3,7 @@
 #include "modalanswerer.h"
 #include "simulatedline.h"
 
+#include <QComboBox>
 #include <QListWidget>
 #include <QProgressDialog>
 #include <QSpinBox>
@@ -19,6 +20,7 @@ private slots:
     void init();
     void scanFindsTheLine();
     void emptyRangeScansNothing();
+    void typedPathJoinsTheList();
     void portFailingToOpen();
     void cancelStopsBeforeNextAddress();
     void responseTimeout_data();
@@ -133,6 +135,18 @@ void TestFindDeviceDialog::emptyRangeScansNothing()
     scan(0, 0);
     QVERIFY(rows().isEmpty());
     QCOMPARE(m_sim.line().requestCount(), 0);
+}
+
+void TestFindDeviceDialog::typedPathJoinsTheList()
+{
+    // Enter in the box takes the path, ticked, and leaves the dialog open.
+    auto* box = m_dialog->findChild<QComboBox*>("cmbPorts");
+    m_dialog->show();
+    QTest::keyClicks(box, QStringLiteral("/dev/pts/99"));
+    QTest::keyClick(box, Qt::Key_Return);
+    QCOMPARE(m_dialog->selectedPorts(), QStringList({m_sim.path(), QStringLiteral("/dev/pts/99")}));
+    QVERIFY(m_dialog->isVisible());
+    m_dialog->hide();
 }
 
 void TestFindDeviceDialog::portFailingToOpen()
