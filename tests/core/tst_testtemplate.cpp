@@ -37,13 +37,11 @@ void TestTestTemplate::check_data()
     QTest::newRow("commands empty") << QByteArray("[]") << "\"commands\" of \"device\" is not a list";
     QTest::newRow("entry a number") << QByteArray("[1]") << "command 1: not an object";
     QTest::newRow("no number") << QByteArray(R"([{"number": 1}, {"cycles": 2}])") << "command 2: \"number\" must be";
-    QTest::newRow("number too big") << QByteArray(R"([{"number": 256}])") << "\"number\" must be";
     QTest::newRow("number a text") << QByteArray(R"([{"number": "1"}])") << "\"number\" must be";
     QTest::newRow("cycles negative") << QByteArray(R"([{"number": 1, "cycles": -1}])")
                                      << "\"cycles\" must be a whole number from 1 to 10000";
     QTest::newRow("cycles huge") << QByteArray(R"([{"number": 1, "cycles": 1e9}])") << "\"cycles\" must be";
     QTest::newRow("cycles fraction") << QByteArray(R"([{"number": 1, "cycles": 1.5}])") << "\"cycles\" must be";
-    QTest::newRow("delay negative") << QByteArray(R"([{"number": 1, "delay": -5}])") << "\"delay\" must be";
     QTest::newRow("print a text") << QByteArray(R"([{"number": 1, "print": "PV"}])") << "\"print\" must be";
     QTest::newRow("parameter a text") << QByteArray(R"([{"number": 6, "parameters": {"polling_address": "1"}}])")
                                       << "\"parameters\" must give";
@@ -84,7 +82,6 @@ void TestTestTemplate::valueForCycle()
     for (int cycle = 1; cycle <= 5; ++cycle)
         taken << TestTemplate::valueForCycle(values, cycle).toString();
     QCOMPARE(taken.join(QLatin1Char(',')), QStringLiteral("1,2,0,1,2"));
-    QVERIFY(!TestTemplate::valueForCycle({}, 1).isValid());
 }
 
 QTEST_GUILESS_MAIN(TestTestTemplate)

@@ -24,7 +24,6 @@ class TestTestDeviceDialog : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void init();
     void cleanup();
     void samples_data();
@@ -44,13 +43,9 @@ private:
     QScopedPointer<QTemporaryDir> m_userDir;
 };
 
-void TestTestDeviceDialog::initTestCase()
-{
-    DebugQt::instance(0, nullptr);
-}
-
 void TestTestDeviceDialog::init()
 {
+    DebugQt::instance(0, nullptr);
     QString error;
     QVERIFY2(m_line.start(&error), qPrintable(error));
     m_userDir.reset(new QTemporaryDir);
