@@ -19,10 +19,9 @@
 // Usage: bench_finddevice [first address, default 0] [last address, default 64]
 
 #include "debugqt.h"
+#include "demoline.h"
 #include "finddevicedialog.h"
 #include "hartport.h"
-#include "scenario.h"
-#include "simline.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -46,17 +45,9 @@ int main(int argc, char* argv[])
     const int last = argc > 2 ? std::clamp(atoi(argv[2]), first, 64) : 64;
 
     hartsim::SimLine line;
-    QString error;
-    if (!hartsim::Scenario::load(QString::fromLatin1(hartsim::Scenario::DemoPath), line, &error)) {
-        std::fprintf(stderr, "simulator: %s\n", qPrintable(error));
+    const QString path = startDemoLine(line, hartsim::SimLine::Timing::Line);
+    if (path.isEmpty())
         return 1;
-    }
-    line.setTiming(hartsim::SimLine::Timing::Line);
-    const QString path = line.startPty(QString(), &error);
-    if (path.isEmpty()) {
-        std::fprintf(stderr, "simulator: %s\n", qPrintable(error));
-        return 1;
-    }
 
     FindDeviceDialog* dialog = FindDeviceDialog::instance(nullptr);
     dialog->addPorts({path}, true);

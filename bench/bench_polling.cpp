@@ -14,13 +14,12 @@
 // Usage: bench_polling [seconds, default 600] [period ms, default 100]
 
 #include "debugqt.h"
+#include "demoline.h"
 #include "device.h"
 #include "filethread.h"
 #include "periodthread.h"
 #include "port.h"
-#include "scenario.h"
 #include "server.h"
-#include "simline.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -73,17 +72,9 @@ int main(int argc, char* argv[])
     QDir::setCurrent(data.path());
 
     hartsim::SimLine line;
-    QString error;
-    if (!hartsim::Scenario::load(QString::fromLatin1(hartsim::Scenario::DemoPath), line, &error)) {
-        std::fprintf(stderr, "simulator: %s\n", qPrintable(error));
+    const QString path = startDemoLine(line, hartsim::SimLine::Timing::Fast);
+    if (path.isEmpty())
         return 1;
-    }
-    line.setTiming(hartsim::SimLine::Timing::Fast);
-    const QString path = line.startPty(QString(), &error);
-    if (path.isEmpty()) {
-        std::fprintf(stderr, "simulator: %s\n", qPrintable(error));
-        return 1;
-    }
 
     Server server;
     Port* port = server.addPort(QStringLiteral("Line"));

@@ -1288,17 +1288,7 @@ bool Device::readDevice(int cmd)
         return true;
     }
     case 13: {
-        const QString tag = port()->unpackAscii(chunkAt(response, 0, 6), 6);
-        const QString descriptor = port()->unpackAscii(chunkAt(response, 6, 12), 12);
-        const int day = byteAt(response, 18);
-        const int month = byteAt(response, 19);
-        const int year = byteAt(response, 20);
-        DBG(LevelInfo) << "### TAG: " << tag;
-        DBG(LevelInfo) << "### DESC: " << descriptor;
-        DBG(LevelInfo) << "### day: " << day << "month: " << month << "year: " << year;
-        setDeviceInfo(QStringLiteral("tag"), tag);
-        setDeviceInfo(QStringLiteral("descriptor"), descriptor);
-        setDeviceInfo(QStringLiteral("date"), QDate(1900 + year, month, day));
+        port()->hart().parseCommand13Response(response, m_deviceInfo);
         updateDeviceName();
         return true;
     }

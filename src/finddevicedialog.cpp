@@ -30,9 +30,8 @@ enum Column {
     ColumnCount
 };
 
-// Command 13: tag (6 packed bytes), descriptor (12), day, month, year - 1900.
+// Tag, descriptor and date.
 const int TagCommand = 13;
-const int TagAnswerSize = 21;
 
 // Every column to its contents but the last, which takes the rest of the width.
 void resizeColumns(QTableWidget* table)
@@ -60,7 +59,6 @@ FindDeviceDialog::FindDeviceDialog(QWidget* parent) : QDialog(parent), ui(new Ui
     setHeaderLabels();
     // The box hands its keys to its line edit directly: the box is watched.
     ui->cmbPorts->installEventFilter(this);
-    ui->cmbPorts->lineEdit()->installEventFilter(this);
     ui->cmbPorts->lineEdit()->setPlaceholderText(QStringLiteral("/dev/ttyUSB0"));
 
     connect(ui->lstPorts, &QListWidget::itemChanged, this, &FindDeviceDialog::updateStartButton);
@@ -91,9 +89,7 @@ void FindDeviceDialog::setHeaderLabels()
 
 void FindDeviceDialog::setupPorts()
 {
-    QStringList names = Port::devices_available();
-    names.removeDuplicates();
-    names.sort();
+    const QStringList names = Port::devices_available();
     {
         const QSignalBlocker blocker(ui->cmbPorts);
         const QString typed = ui->cmbPorts->currentText();
@@ -156,7 +152,7 @@ void FindDeviceDialog::on_cmbPorts_currentIndexChanged(int index)
 bool FindDeviceDialog::eventFilter(QObject* watched, QEvent* event)
 {
     // Enter in the path field takes the typed line; it does not close the dialog.
-    if ((watched == ui->cmbPorts || watched == ui->cmbPorts->lineEdit()) && event->type() == QEvent::KeyPress) {
+    if (watched == ui->cmbPorts && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             if (QListWidgetItem* entry = addPortEntry(ui->cmbPorts->currentText(), true))
@@ -273,31 +269,19 @@ void FindDeviceDialog::appendTabWidget(int address, const QString& port, QVarian
     const QByteArray longAddress = data.value(QStringLiteral("address")).toByteArray();
     const QString templateName = Device::templateNameByCodes(data.value(QStringLiteral("manufacturer_code")).toInt(),
                                                              data.value(QStringLiteral("device_type_code")).toInt());
-    QString tag;
-    QString descriptor;
-    QDate date;
-    QByteArray response;
-    if (exchange(0, longAddress, TagCommand, response) && response.size() >= TagAnswerSize) {
-        tag = m_port.unpackAscii(response.left(6));
-        descriptor = m_port.unpackAscii(response.mid(6, 12));
-        const int day = quint8(response.at(18));
-        const int month = quint8(response.at(19));
-        const int year = quint8(response.at(20));
-        DBG(LevelInfo) << "### TAG: " << tag;
-        DBG(LevelInfo) << "### DESC: " << descriptor;
-        DBG(LevelInfo) << "### day: " << day << "month: " << month << "year: " << year;
-        date = QDate(1900 + year, month, day);
-    } else {
-        DBG(LevelWarn) << "no tag from address" << address << "via" << port << ":" << m_port.errorText();
-    }
-
     data.insert(QStringLiteral("port"), port);
     data.insert(QStringLiteral("polling_address"), address);
     data.insert(QStringLiteral("template"), templateName);
-    data.insert(QStringLiteral("tag"), tag);
-    data.insert(QStringLiteral("descriptor"), descriptor);
-    if (date.isValid())
-        data.insert(QStringLiteral("date"), date);
+    data.insert(QStringLiteral("tag"), QString());
+    data.insert(QStringLiteral("descriptor"), QString());
+    QByteArray response;
+    if (exchange(0, longAddress, TagCommand, response))
+        m_port.parseCommand13Response(response, data);
+    else
+        DBG(LevelWarn) << "no tag from address" << address << "via" << port << ":" << m_port.errorText();
+    const QDate date = data.value(QStringLiteral("date")).toDate();
+    if (!date.isValid())
+        data.remove(QStringLiteral("date"));
     m_found.append(data);
 
     const int row = ui->tableWidget->rowCount();
@@ -305,8 +289,8 @@ void FindDeviceDialog::appendTabWidget(int address, const QString& port, QVarian
     const QStringList cells = {port,
                                QString::number(address),
                                QString::fromLatin1(longAddress.toHex(' ').toUpper()),
-                               tag,
-                               descriptor,
+                               data.value(QStringLiteral("tag")).toString(),
+                               data.value(QStringLiteral("descriptor")).toString(),
                                date.isValid() ? date.toString(QStringLiteral("dd.MM.yyyy")) : QString(),
                                templateName};
     for (int column = 0; column < ColumnCount; ++column) {

@@ -836,13 +836,10 @@ Port* MainWindow::portByName(const QString& name) const
 
 Port* MainWindow::portBySerialName(const QString& serialName) const
 {
-    // "ttyUSB0" is the line "/dev/ttyUSB0", as the serial port opens it.
-    const auto line = [](const QString& name) {
-        return name.isEmpty() || name.startsWith(QLatin1Char('/')) ? name : QStringLiteral("/dev/") + name;
-    };
+    // "ttyUSB0" is the line "/dev/ttyUSB0".
     const QList<Port*> list = m_server->ports();
     for (Port* port : list) {
-        if (line(port->serialName()) == line(serialName))
+        if (Port::systemLocation(port->serialName()) == Port::systemLocation(serialName))
             return port;
     }
     return nullptr;

@@ -312,7 +312,14 @@ QStringList Port::devices_available()
     const QList<QSerialPortInfo> ports = QSerialPortInfo::availablePorts();
     for (const QSerialPortInfo& info : ports)
         names << info.systemLocation();
+    names.removeDuplicates();
+    names.sort();
     return names;
+}
+
+QString Port::systemLocation(const QString& name)
+{
+    return name.isEmpty() || name.contains(QLatin1Char('/')) ? name : QStringLiteral("/dev/") + name;
 }
 
 bool Port::closePortAfterTransaction() const
@@ -454,10 +461,7 @@ bool Port::primaryMaster() const
 bool Port::openHart()
 {
     const QString name = serialName();
-    // QSerialPort puts "/dev/" before a name without a directory.
-    const bool exists =
-        !name.isEmpty() && (QFileInfo::exists(name) ||
-                            (!name.contains(QLatin1Char('/')) && QFileInfo::exists(QStringLiteral("/dev/") + name)));
+    const bool exists = !name.isEmpty() && (QFileInfo::exists(name) || QFileInfo::exists(systemLocation(name)));
     if (!exists) {
         setErrorText(tr("not such device '%1'").arg(name));
         setErrorCode(3);

@@ -59,7 +59,11 @@ public:
     // has; a running line is opened again on the new name.
     bool setSerialName(const QString& name);
     bool checkUniqSerialName(const QString& name) const;
+    // The serial devices of the system, sorted, each once.
     static QStringList devices_available();
+    // The device a line name stands for: QSerialPort puts "/dev/" before a
+    // name without a directory ("ttyUSB0").
+    static QString systemLocation(const QString& name);
 
     bool closePortAfterTransaction() const;
     void setClosePortAfterTransaction(bool close);

@@ -8,7 +8,6 @@
 #include <QApplication>
 #include <QEvent>
 #include <QLineEdit>
-#include <QMap>
 #include <QMessageBox>
 #include <QSignalBlocker>
 
@@ -140,19 +139,15 @@ void RTUPortEditor::updateButtons()
 
 void RTUPortEditor::update_serials()
 {
-    const QStringList available = Port::devices_available();
+    // Sorted, each name once.
+    const QStringList names = Port::devices_available();
     QComboBox* box = ui->portChoiceComboBox;
     const QString shown = box->currentText();
 
-    // Sorted, each name once.
-    QMap<QString, QString> names;
-    for (const QString& name : available)
-        names.insert(name, name);
-
     const QSignalBlocker blocker(box);
     box->clear();
-    for (auto it = names.cbegin(); it != names.cend(); ++it)
-        box->addItem(it.key(), it.value());
+    for (const QString& name : names)
+        box->addItem(name, name);
     setStatus(QString());
 
     const int index = box->findData(shown);

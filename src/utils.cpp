@@ -196,16 +196,12 @@ void runWhileEventLoopTurns(const std::function<void()>& job)
     delete worker;
 }
 
-bool waitWhileEventLoopTurns(int milliseconds, const std::function<bool()>& stop)
+void waitWhileEventLoopTurns(int milliseconds, const std::function<bool()>& stop)
 {
     const QDeadlineTimer deadline(milliseconds);
-    while (!stop()) {
-        const qint64 left = deadline.remainingTime();
-        if (left <= 0)
-            return true;
+    for (qint64 left = deadline.remainingTime(); left > 0 && !stop(); left = deadline.remainingTime()) {
         QEventLoop loop;
         QTimer::singleShot(std::min<qint64>(left, 20), &loop, &QEventLoop::quit);
         loop.exec();
     }
-    return false;
 }

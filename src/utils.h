@@ -42,8 +42,8 @@ void myUSleep(int microseconds);
 // Signals the job emits to the caller's objects arrive as queued events,
 // all of them before this returns.
 void runWhileEventLoopTurns(const std::function<void()>& job);
-// Waits for milliseconds with the event loop turning; stops early, with
-// false, as soon as stop() says so.
-bool waitWhileEventLoopTurns(int milliseconds, const std::function<bool()>& stop);
+// Waits for milliseconds with the event loop turning; stops early as soon as
+// stop() says so.
+void waitWhileEventLoopTurns(int milliseconds, const std::function<bool()>& stop);
 
 #endif // UTILS_H

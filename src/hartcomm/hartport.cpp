@@ -4,6 +4,7 @@
 #include "hartcommand.h"
 #include "utils.h"
 
+#include <QDate>
 #include <QElapsedTimer>
 
 HartPort::HartPort(QObject* parent) : QObject(parent)
@@ -248,6 +249,23 @@ bool HartPort::parseCommandZeroResponse(const QByteArray& response, QVariantMap&
     vendor.append(char(byte(18)));
     info.insert(QStringLiteral("vendorID"), vendor);
     return true;
+}
+
+void HartPort::parseCommand13Response(const QByteArray& response, QVariantMap& info)
+{
+    QByteArray bytes = response.left(21);
+    bytes.append(QByteArray(21 - bytes.size(), '\0'));
+    const QString tag = unpackAscii(bytes.left(6));
+    const QString descriptor = unpackAscii(bytes.mid(6, 12));
+    const int day = quint8(bytes.at(18));
+    const int month = quint8(bytes.at(19));
+    const int year = quint8(bytes.at(20));
+    DBG(LevelInfo) << "### TAG: " << tag;
+    DBG(LevelInfo) << "### DESC: " << descriptor;
+    DBG(LevelInfo) << "### day: " << day << "month: " << month << "year: " << year;
+    info.insert(QStringLiteral("tag"), tag);
+    info.insert(QStringLiteral("descriptor"), descriptor);
+    info.insert(QStringLiteral("date"), QDate(1900 + year, month, day));
 }
 
 QByteArray HartPort::packAscii(const QString& text)

@@ -55,6 +55,10 @@ public:
     bool sendZeroCommand(unsigned char address, QByteArray& responseData, bool primaryMaster);
     // Reads the identity of a command 0 (11, 21, 73) answer into info.
     bool parseCommandZeroResponse(const QByteArray& response, QVariantMap& info);
+    // Reads a command 13 answer into info: "tag" and "descriptor" (packed
+    // ASCII) and "date" (day, month, year - 1900; invalid where the device
+    // keeps none). Bytes the answer lacks read as 0.
+    void parseCommand13Response(const QByteArray& response, QVariantMap& info);
 
     // Four 6-bit characters in three bytes. No upper-casing, no padding.
     QByteArray packAscii(const QString& text);
