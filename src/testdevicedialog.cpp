@@ -63,6 +63,8 @@ TestDeviceDialog::TestDeviceDialog(QWidget* parent) : QDialog(parent), ui(new Ui
     ui->setupUi(this);
     ui->tableWidget->setColumnCount(ColumnCount);
     ui->tableWidget->horizontalHeader()->setStretchLastSection(true);
+    // A long cell is cut; its whole text is a tip or a double click away.
+    ui->tableWidget->setWordWrap(false);
     setHeaderLabels();
     ui->splitter->setStretchFactor(0, 3);
     ui->splitter->setStretchFactor(1, 2);
