@@ -5,10 +5,10 @@
 #include "debugqt.h"
 #include "device.h"
 #include "deviceadddialog.h"
-#include "devicesummarywidget.h"
 #include "factorynumberdialog.h"
 #include "finddevicedialog.h"
 #include "helpviewer.h"
+#include "plaindevicewidget.h"
 #include "port.h"
 #include "rtuporteditor.h"
 #include "server.h"
@@ -29,6 +29,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QResizeEvent>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QStatusBar>
 #include <QTreeWidgetItem>
@@ -60,8 +61,9 @@ MainWindow::MainWindow(QWidget* parent)
 
     ui->setupUi(this);
     setWindowIcon(QIcon(QString::fromLatin1(AppIcon)));
-    // The size of a first start; a stored geometry replaces it.
-    resize(1000, 700);
+    // The size of a first start, room for a device editor beside the tree on
+    // a 1280x800 screen; a stored geometry replaces it.
+    resize(QSize(1240, 740).boundedTo(screen()->availableGeometry().size()));
     // The factory number has no menu entry: its chord works anywhere in the window.
     addAction(ui->actionFactoryNumber);
     ui->actionFactoryNumber->setShortcutContext(Qt::WindowShortcut);
@@ -449,6 +451,9 @@ bool MainWindow::saveAs()
 
 bool MainWindow::okToContinue(bool exitQuestion)
 {
+    // An exchange under way uses the tree; it ends first.
+    if (exchangeRunning())
+        return false;
     if (isWindowModified()) {
         const int answer = question(tr("Configuration has been modified.\nDo you want to save your changes?"),
                                     QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
@@ -665,19 +670,32 @@ QWidget* MainWindow::createDeviceEditor(Device* device)
     // The editors of the models ("TCV-C" and "DX-C", "QP-1C", "pH-7702") and
     // of any other device ("General" and the rest) are chosen here by
     // device->deviceTemplateName(); until they exist, every device gets the
-    // summary page.
-    auto* page = new DeviceSummaryWidget;
+    // plain editor.
+    auto* page = new PlainDeviceWidget;
     page->setItem(device);
-    connect(page, &DeviceSummaryWidget::changed, this, &MainWindow::onChanged);
-    connect(this, &MainWindow::closeApplication, page, &DeviceSummaryWidget::closeApplication);
+    connect(page, &DeviceWidget::changed, this, &MainWindow::onChanged);
+    connect(this, &MainWindow::closeApplication, page, &MainDeviceWidget::closeApplication);
     return page;
 }
 
 void MainWindow::refreshEditor(ServerItem* item)
 {
-    // The device editors to come keep their fields up to date themselves.
-    if (auto* page = qobject_cast<DeviceSummaryWidget*>(editor(item)))
-        page->refresh();
+    // After a dialog that talked to the device, the editor shows what the
+    // device holds now.
+    if (auto* page = qobject_cast<DeviceWidget*>(editor(item)))
+        page->showDeviceInfoInFields();
+}
+
+bool MainWindow::exchangeRunning()
+{
+    for (QWidget* page : std::as_const(m_editors)) {
+        auto* editor = qobject_cast<DeviceWidget*>(page);
+        if (editor && editor->isActiveTransaction()) {
+            statusBar()->showMessage(tr("Wait until the exchange with the device has ended"), 5000);
+            return true;
+        }
+    }
+    return false;
 }
 
 void MainWindow::updateDeviceStatusInTree(Device* device)
@@ -748,7 +766,6 @@ void MainWindow::currentTreeWidgetItemChanged(QTreeWidgetItem* current, QTreeWid
         DBG(LevelInfo) << "device" << device->name() << "on"
                        << (device->port() ? device->port()->serialName() : QString());
         updateDeviceStatusInTree(device);
-        refreshEditor(device);
     }
     if (page)
         ui->stackedWidget->setCurrentWidget(page);
@@ -793,7 +810,7 @@ void MainWindow::addItem()
 void MainWindow::deleteItem()
 {
     ServerItem* item = currentServerItem();
-    if (!item)
+    if (!item || exchangeRunning())
         return;
     if (item->type() == ServerItem::TypePort)
         removePort(static_cast<Port*>(item));
@@ -878,6 +895,8 @@ void MainWindow::help()
 
 void MainWindow::find()
 {
+    if (exchangeRunning())
+        return;
     // The search talks on the lines itself: the ports let go of them first.
     const QList<Port*> list = m_server->ports();
     QStringList lines;
@@ -939,6 +958,8 @@ void MainWindow::addFoundDevices(const QList<QVariantMap>& selection)
 
 void MainWindow::testDevice()
 {
+    if (exchangeRunning())
+        return;
     ServerItem* item = currentServerItem();
     if (!item || item->type() != ServerItem::TypeDevice || static_cast<Device*>(item)->hartDeviceID().isEmpty())
         return;
@@ -958,6 +979,8 @@ void MainWindow::testDevice()
 
 void MainWindow::saveFactoryNumber()
 {
+    if (exchangeRunning())
+        return;
     ServerItem* item = currentServerItem();
     if (!item || item->type() != ServerItem::TypeDevice) {
         QMessageBox::warning(this, m_appTitle, tr("Select an instrument of our maker to write its factory number."));

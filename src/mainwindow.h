@@ -118,6 +118,8 @@ private:
     QTreeWidgetItem* addDeviceInTree(Port* port, Device* device, bool select);
     // The page that edits a device, chosen by its template.
     QWidget* createDeviceEditor(Device* device);
+    // True, with a word in the status bar, while an editor talks to its device.
+    bool exchangeRunning();
     // Shows the item's present values again on its page.
     void refreshEditor(ServerItem* item);
     void addEditor(ServerItem* item, QWidget* editor);

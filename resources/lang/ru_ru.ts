@@ -2,6 +2,548 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ru_RU">
 <context>
+    <name>CommandWidget</name>
+    <message>
+        <source>Custom command</source>
+        <translation>Произвольная команда</translation>
+    </message>
+    <message>
+        <source>Command:</source>
+        <translation>Команда:</translation>
+    </message>
+    <message>
+        <source>HART command number</source>
+        <translation>Номер команды HART</translation>
+    </message>
+    <message>
+        <source>Commands the device knows</source>
+        <translation>Команды, известные устройству</translation>
+    </message>
+    <message>
+        <source>Send as custom command</source>
+        <translation>Отправить как произвольную</translation>
+    </message>
+    <message>
+        <source>Send the data buffer even for a command the device knows</source>
+        <translation>Отправить буфер данных и для команды, известной устройству</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>Отправить</translation>
+    </message>
+    <message>
+        <source>Request data</source>
+        <translation>Данные запроса</translation>
+    </message>
+    <message>
+        <source>Data:</source>
+        <translation>Данные:</translation>
+    </message>
+    <message>
+        <source>Select bytes to replace them by the next insertion</source>
+        <translation>Выделите байты, чтобы заменить их следующей вставкой</translation>
+    </message>
+    <message>
+        <source>Byte:</source>
+        <translation>Байт:</translation>
+    </message>
+    <message>
+        <source>Previous value</source>
+        <translation>Предыдущее значение</translation>
+    </message>
+    <message>
+        <source>Next value</source>
+        <translation>Следующее значение</translation>
+    </message>
+    <message>
+        <source>Add byte</source>
+        <translation>Добавить байт</translation>
+    </message>
+    <message>
+        <source>Integer:</source>
+        <translation>Целое:</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>Размер:</translation>
+    </message>
+    <message>
+        <source>Bytes of the integer</source>
+        <translation>Байтов в целом числе</translation>
+    </message>
+    <message>
+        <source>Add int</source>
+        <translation>Добавить целое</translation>
+    </message>
+    <message>
+        <source>Get int</source>
+        <translation>Прочитать целое</translation>
+    </message>
+    <message>
+        <source>Float:</source>
+        <translation>Вещественное:</translation>
+    </message>
+    <message>
+        <source>Add float</source>
+        <translation>Добавить вещественное</translation>
+    </message>
+    <message>
+        <source>Get float</source>
+        <translation>Прочитать вещественное</translation>
+    </message>
+    <message>
+        <source>Text:</source>
+        <translation>Текст:</translation>
+    </message>
+    <message>
+        <source>Add packed</source>
+        <translation>Добавить упакованный</translation>
+    </message>
+    <message>
+        <source>Add as packed ASCII</source>
+        <translation>Добавить как упакованный ASCII</translation>
+    </message>
+    <message>
+        <source>Add Latin-1</source>
+        <translation>Добавить Latin-1</translation>
+    </message>
+    <message>
+        <source>Add as Latin-1 characters, one byte each</source>
+        <translation>Добавить как символы Latin-1, по байту на символ</translation>
+    </message>
+    <message>
+        <source>Get text</source>
+        <translation>Прочитать текст</translation>
+    </message>
+    <message>
+        <source>Read packed ASCII from the offset</source>
+        <translation>Прочитать упакованный ASCII со смещения</translation>
+    </message>
+    <message>
+        <source>Offset:</source>
+        <translation>Смещение:</translation>
+    </message>
+    <message>
+        <source>Where Get reads in the buffer</source>
+        <translation>Откуда читают кнопки «Прочитать» в буфере</translation>
+    </message>
+    <message>
+        <source>Clear buffer</source>
+        <translation>Очистить буфер</translation>
+    </message>
+    <message>
+        <source>Answer</source>
+        <translation>Ответ</translation>
+    </message>
+    <message>
+        <source>Sent:</source>
+        <translation>Отправлено:</translation>
+    </message>
+    <message>
+        <source>Data bytes of the request</source>
+        <translation>Байты данных запроса</translation>
+    </message>
+    <message>
+        <source>Received:</source>
+        <translation>Получено:</translation>
+    </message>
+    <message>
+        <source>Data bytes of the answer</source>
+        <translation>Байты данных ответа</translation>
+    </message>
+    <message>
+        <source>Mask:</source>
+        <translation>Маска:</translation>
+    </message>
+    <message>
+        <source>Tokens [offset]type[length] separated by blanks: b byte, i integer (3 bytes by default), f float, t packed text</source>
+        <translation>Элементы [смещение]тип[длина] через пробел: b байт, i целое (по умолчанию 3 байта), f вещественное, t упакованный текст</translation>
+    </message>
+    <message>
+        <source>Parse</source>
+        <translation>Разобрать</translation>
+    </message>
+    <message>
+        <source>Result:</source>
+        <translation>Результат:</translation>
+    </message>
+    <message>
+        <source>Custom command %1</source>
+        <translation>Произвольная команда %1</translation>
+    </message>
+    <message>
+        <source>%1 bytes</source>
+        <translation>%1 байт</translation>
+    </message>
+    <message>
+        <source>Offset %1, length %2</source>
+        <translation>Смещение %1, длина %2</translation>
+    </message>
+    <message>
+        <source>Int value</source>
+        <translation>Целое значение</translation>
+    </message>
+    <message>
+        <source>You must enter an integer value!</source>
+        <translation>Необходимо ввести целое значение!</translation>
+    </message>
+    <message>
+        <source>Invalid type char</source>
+        <translation>Неверный символ типа</translation>
+    </message>
+    <message>
+        <source>Invalid lenght char</source>
+        <translation>Неверный символ длины</translation>
+    </message>
+    <message>
+        <source>Invalid text lenght</source>
+        <translation>Неверная длина текста</translation>
+    </message>
+    <message>
+        <source>Beyond the end of the answer</source>
+        <translation>За концом ответа</translation>
+    </message>
+</context>
+<context>
+    <name>CommonWidget</name>
+    <message>
+        <source>Common</source>
+        <translation>Общие</translation>
+    </message>
+    <message>
+        <source>Device on the line</source>
+        <translation>Устройство на линии</translation>
+    </message>
+    <message>
+        <source>Port:</source>
+        <translation>Порт:</translation>
+    </message>
+    <message>
+        <source>Polling address:</source>
+        <translation>Адрес опроса:</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Записать</translation>
+    </message>
+    <message>
+        <source>Write the polling address to the device (command 6)</source>
+        <translation>Записать адрес опроса в устройство (команда 6)</translation>
+    </message>
+    <message>
+        <source>Long address:</source>
+        <translation>Длинный адрес:</translation>
+    </message>
+    <message>
+        <source>Check</source>
+        <translation>Проверить</translation>
+    </message>
+    <message>
+        <source>Identify the device at its polling address (command 0)</source>
+        <translation>Опознать устройство по адресу опроса (команда 0)</translation>
+    </message>
+    <message>
+        <source>Check by tag</source>
+        <translation>Проверить по тегу</translation>
+    </message>
+    <message>
+        <source>Identify the device by the tag typed below (command 11)</source>
+        <translation>Опознать устройство по введённому ниже тегу (команда 11)</translation>
+    </message>
+    <message>
+        <source>Check by long tag</source>
+        <translation>Проверить по длинному тегу</translation>
+    </message>
+    <message>
+        <source>Identify the device by the long tag typed below (command 21)</source>
+        <translation>Опознать устройство по введённому ниже длинному тегу (команда 21)</translation>
+    </message>
+    <message>
+        <source>Find by command 73</source>
+        <translation>Найти командой 73</translation>
+    </message>
+    <message>
+        <source>Find the device whose two buttons are pressed (command 73)</source>
+        <translation>Найти устройство, на котором нажаты две кнопки (команда 73)</translation>
+    </message>
+    <message>
+        <source>Tag</source>
+        <translation>Тег</translation>
+    </message>
+    <message>
+        <source>Tag:</source>
+        <translation>Тег:</translation>
+    </message>
+    <message>
+        <source>Descriptor:</source>
+        <translation>Дескриптор:</translation>
+    </message>
+    <message>
+        <source>Date:</source>
+        <translation>Дата:</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Прочитать</translation>
+    </message>
+    <message>
+        <source>Read or write the tag, descriptor and date (commands 13 and 18)</source>
+        <translation>Прочитать или записать тег, дескриптор и дату (команды 13 и 18)</translation>
+    </message>
+    <message>
+        <source>Long tag</source>
+        <translation>Длинный тег</translation>
+    </message>
+    <message>
+        <source>Long tag:</source>
+        <translation>Длинный тег:</translation>
+    </message>
+    <message>
+        <source>Read the long tag (command 20)</source>
+        <translation>Прочитать длинный тег (команда 20)</translation>
+    </message>
+    <message>
+        <source>Write the long tag (command 22)</source>
+        <translation>Записать длинный тег (команда 22)</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Сообщение</translation>
+    </message>
+    <message>
+        <source>Read or write the message (commands 12 and 17)</source>
+        <translation>Прочитать или записать сообщение (команды 12 и 17)</translation>
+    </message>
+    <message>
+        <source>Identity</source>
+        <translation>Идентификация</translation>
+    </message>
+    <message>
+        <source>Device type:</source>
+        <translation>Тип устройства:</translation>
+    </message>
+    <message>
+        <source>Manufacturer:</source>
+        <translation>Изготовитель:</translation>
+    </message>
+    <message>
+        <source>Flags:</source>
+        <translation>Флаги:</translation>
+    </message>
+    <message>
+        <source>HART revision:</source>
+        <translation>Версия HART:</translation>
+    </message>
+    <message>
+        <source>Device revision:</source>
+        <translation>Версия устройства:</translation>
+    </message>
+    <message>
+        <source>Software revision:</source>
+        <translation>Версия ПО:</translation>
+    </message>
+    <message>
+        <source>Hardware revision:</source>
+        <translation>Версия аппаратуры:</translation>
+    </message>
+    <message>
+        <source>Write protection</source>
+        <translation>Защита от записи</translation>
+    </message>
+    <message>
+        <source>Set write protection in the device (command 129); only the device itself removes it</source>
+        <translation>Установить защиту от записи в устройстве (команда 129); снять её можно только на самом устройстве</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Сброс</translation>
+    </message>
+    <message>
+        <source>Reset the device (command 42)</source>
+        <translation>Сбросить устройство (команда 42)</translation>
+    </message>
+    <message>
+        <source>Self test</source>
+        <translation>Самотест</translation>
+    </message>
+    <message>
+        <source>Start the self test of the device (command 41)</source>
+        <translation>Запустить самотестирование устройства (команда 41)</translation>
+    </message>
+    <message>
+        <source>Damping time</source>
+        <translation>Время демпфирования</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> с</translation>
+    </message>
+    <message>
+        <source>Write the damping time (command 34)</source>
+        <translation>Записать время демпфирования (команда 34)</translation>
+    </message>
+    <message>
+        <source>Number of preambles</source>
+        <translation>Число преамбул</translation>
+    </message>
+    <message>
+        <source>Write the number of response preambles (command 59)</source>
+        <translation>Записать число преамбул ответа (команда 59)</translation>
+    </message>
+    <message>
+        <source>Final assembly number</source>
+        <translation>Номер окончательной сборки</translation>
+    </message>
+    <message>
+        <source>Read or write the final assembly number (commands 16 and 19)</source>
+        <translation>Прочитать или записать номер окончательной сборки (команды 16 и 19)</translation>
+    </message>
+    <message>
+        <source>Device identification by tag</source>
+        <translation>Идентификация устройства по тегу</translation>
+    </message>
+    <message>
+        <source>Tag is empty!
+Please enter a tag with up to 8 characters</source>
+        <translation>Тег пуст!
+Введите тег длиной до 8 символов</translation>
+    </message>
+    <message>
+        <source>Device identification by long tag</source>
+        <translation>Идентификация устройства по длинному тегу</translation>
+    </message>
+    <message>
+        <source>Long tag is empty!
+Please enter a long tag with up to 32 characters</source>
+        <translation>Длинный тег пуст!
+Введите длинный тег длиной до 32 символов</translation>
+    </message>
+    <message>
+        <source>by tag</source>
+        <translation>по тегу</translation>
+    </message>
+    <message>
+        <source>by long tag</source>
+        <translation>по длинному тегу</translation>
+    </message>
+    <message>
+        <source>Device identification %1</source>
+        <translation>Идентификация устройства %1</translation>
+    </message>
+    <message>
+        <source>Search by command 73</source>
+        <translation>Поиск командой 73</translation>
+    </message>
+    <message>
+        <source>Did you press two buttons on the device?</source>
+        <translation>Вы нажали две кнопки на устройстве?</translation>
+    </message>
+    <message>
+        <source>ERROR: Tags not equal!
+Send: &apos;%1&apos;
+Resv: &apos;%2&apos;</source>
+        <translation>ОШИБКА: теги не совпадают!
+Отправлен: &apos;%1&apos;
+Получен: &apos;%2&apos;</translation>
+    </message>
+    <message>
+        <source>Check device</source>
+        <translation>Проверка устройства</translation>
+    </message>
+    <message>
+        <source>Wrong template %1 for
+device type code = 0x%2%3 !!!
+
+Continue ?</source>
+        <translation>Неверный шаблон %1 для
+кода типа устройства = 0x%2%3 !!!
+
+Продолжить?</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>Запись: %1</translation>
+    </message>
+    <message>
+        <source>The device is write-protected!</source>
+        <translation>Устройство защищено от записи!</translation>
+    </message>
+    <message>
+        <source>of %1</source>
+        <translation>(%1)</translation>
+    </message>
+    <message>
+        <source>Do you want to save your changes %1?</source>
+        <translation>Записать изменения %1?</translation>
+    </message>
+    <message>
+        <source>tag, descriptor and date</source>
+        <translation>тег, дескриптор и дата</translation>
+    </message>
+    <message>
+        <source>message</source>
+        <translation>сообщение</translation>
+    </message>
+    <message>
+        <source>assemlbly number</source>
+        <translation>номер сборки</translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation>Чтение: %1</translation>
+    </message>
+    <message>
+        <source>long tag</source>
+        <translation>длинный тег</translation>
+    </message>
+    <message>
+        <source>damping time</source>
+        <translation>время демпфирования</translation>
+    </message>
+    <message>
+        <source>number of preambles</source>
+        <translation>число преамбул</translation>
+    </message>
+    <message>
+        <source>polling_address</source>
+        <translation>адрес опроса</translation>
+    </message>
+    <message>
+        <source>Do you want to disable the current loop function?</source>
+        <translation>Отключить токовую петлю?</translation>
+    </message>
+    <message>
+        <source>
+To remove write protection is possible only
+through the menu of the device!</source>
+        <translation>
+Снять защиту от записи можно только
+через меню устройства!</translation>
+    </message>
+    <message>
+        <source>Do you want to set write protection in the device?
+</source>
+        <translation>Установить защиту от записи в устройстве?
+</translation>
+    </message>
+    <message>
+        <source>Set write protection</source>
+        <translation>Установка защиты от записи</translation>
+    </message>
+    <message>
+        <source>Reading write protection flag</source>
+        <translation>Чтение флага защиты от записи</translation>
+    </message>
+    <message>
+        <source>Device self test</source>
+        <translation>Самотестирование устройства</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to start the device self test? It can take some time!</source>
+        <translation>Запустить самотестирование устройства? Это может занять некоторое время!</translation>
+    </message>
+</context>
+<context>
     <name>Device</name>
     <message>
         <source>form device</source>
@@ -938,70 +1480,22 @@ Error (processing time: %1ms)</source>
     </message>
 </context>
 <context>
-    <name>DeviceSummaryWidget</name>
+    <name>DeviceWidget</name>
     <message>
-        <source>Device</source>
-        <translation>Прибор</translation>
+        <source>Custom</source>
+        <translation>Команды</translation>
     </message>
     <message>
-        <source>Name:</source>
-        <translation>Имя:</translation>
+        <source>Measurement</source>
+        <translation>Измерения</translation>
     </message>
     <message>
-        <source>Template:</source>
-        <translation>Шаблон:</translation>
+        <source>Metrologic</source>
+        <translation>Метрология</translation>
     </message>
     <message>
-        <source>Polling address:</source>
-        <translation>Адрес опроса:</translation>
-    </message>
-    <message>
-        <source>Long address:</source>
-        <translation>Длинный адрес:</translation>
-    </message>
-    <message>
-        <source>Manufacturer:</source>
-        <translation>Производитель:</translation>
-    </message>
-    <message>
-        <source>Device type:</source>
-        <translation>Тип прибора:</translation>
-    </message>
-    <message>
-        <source>Device ID:</source>
-        <translation>ID прибора:</translation>
-    </message>
-    <message>
-        <source>Tag:</source>
-        <translation>Тег:</translation>
-    </message>
-    <message>
-        <source>Descriptor:</source>
-        <translation>Дескриптор:</translation>
-    </message>
-    <message>
-        <source>Message:</source>
-        <translation>Сообщение:</translation>
-    </message>
-    <message>
-        <source>State:</source>
-        <translation>Состояние:</translation>
-    </message>
-    <message>
-        <source>Last error:</source>
-        <translation>Последняя ошибка:</translation>
-    </message>
-    <message>
-        <source>Identify</source>
-        <translation>Идентифицировать</translation>
-    </message>
-    <message>
-        <source>Read the identity of the device at its polling address</source>
-        <translation>Прочитать идентификационные данные прибора по его адресу опроса</translation>
-    </message>
-    <message>
-        <source>%1 (number %2)</source>
-        <translation>%1 (номер %2)</translation>
+        <source>Hart Log</source>
+        <translation>Журнал HART</translation>
     </message>
 </context>
 <context>
@@ -1469,6 +1963,61 @@ Error (processing time: %1ms)</source>
     </message>
 </context>
 <context>
+    <name>LogWidget</name>
+    <message>
+        <source>HART log</source>
+        <translation>Журнал HART</translation>
+    </message>
+    <message>
+        <source>Lines:</source>
+        <translation>Строк:</translation>
+    </message>
+    <message>
+        <source>Lines kept in the view</source>
+        <translation>Сколько строк хранить в окне</translation>
+    </message>
+    <message>
+        <source>Search:</source>
+        <translation>Поиск:</translation>
+    </message>
+    <message>
+        <source>Find previous</source>
+        <translation>Найти предыдущее</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Вверх</translation>
+    </message>
+    <message>
+        <source>Find next</source>
+        <translation>Найти следующее</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Вниз</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Очистить</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Сохранить как...</translation>
+    </message>
+    <message>
+        <source>Logs (*.log);;All files (*.*)</source>
+        <translation>Журналы (*.log);;Все файлы (*.*)</translation>
+    </message>
+    <message>
+        <source>Save report</source>
+        <translation>Сохранение отчёта</translation>
+    </message>
+    <message>
+        <source>Cannot open file for writing log: %1</source>
+        <translation>Не удалось открыть файл для записи журнала: %1</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Objects</source>
@@ -1662,6 +2211,10 @@ Do you want to save your changes?</source>
         <translation>Эти устройства уже есть в дереве и повторно не добавлены:
 %1</translation>
     </message>
+    <message>
+        <source>Wait until the exchange with the device has ended</source>
+        <translation>Дождитесь окончания обмена с устройством</translation>
+    </message>
 </context>
 <context>
     <name>PH77Device</name>
@@ -1748,6 +2301,100 @@ Do you want to save your changes?</source>
     <message>
         <source>manufacturer settings</source>
         <translation>настройки производителя</translation>
+    </message>
+</context>
+<context>
+    <name>PVWidget</name>
+    <message>
+        <source>Variables</source>
+        <translation>Переменные</translation>
+    </message>
+    <message>
+        <source>Dynamic variables</source>
+        <translation>Динамические переменные</translation>
+    </message>
+    <message>
+        <source>PV</source>
+        <translation>PV</translation>
+    </message>
+    <message>
+        <source>SV</source>
+        <translation>SV</translation>
+    </message>
+    <message>
+        <source>TV</source>
+        <translation>TV</translation>
+    </message>
+    <message>
+        <source>QV</source>
+        <translation>QV</translation>
+    </message>
+    <message>
+        <source>Loop current</source>
+        <translation>Ток петли</translation>
+    </message>
+    <message>
+        <source>Current, mA</source>
+        <translation>Ток, мА</translation>
+    </message>
+    <message>
+        <source>Percent of range</source>
+        <translation>Процент диапазона</translation>
+    </message>
+    <message>
+        <source>Read the dynamic variables and the loop current (commands 3 and 2)</source>
+        <translation>Прочитать динамические переменные и ток петли (команды 3 и 2)</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>Обновить</translation>
+    </message>
+    <message>
+        <source>Read the additional status (command 48) with each exchange</source>
+        <translation>Читать дополнительный статус (команда 48) при каждом обмене</translation>
+    </message>
+    <message>
+        <source>Additional status</source>
+        <translation>Доп. статус</translation>
+    </message>
+    <message>
+        <source>Reset the configuration changed flag of the device (command 38)</source>
+        <translation>Сбросить флаг изменения конфигурации устройства (команда 38)</translation>
+    </message>
+    <message>
+        <source>Reset flag &lt;Config changed&gt;</source>
+        <translation>Сбросить флаг &lt;Конфигурация изменена&gt;</translation>
+    </message>
+    <message>
+        <source>not used</source>
+        <translation>не используется</translation>
+    </message>
+    <message>
+        <source>Reading variables</source>
+        <translation>Чтение переменных</translation>
+    </message>
+    <message>
+        <source>Reading the primary variable</source>
+        <translation>Чтение первичной переменной</translation>
+    </message>
+    <message>
+        <source>Primary Variable value read error! Try again please.</source>
+        <translation>Ошибка чтения первичной переменной! Повторите попытку.</translation>
+    </message>
+    <message>
+        <source>PV measurement error=%1! Try again please.</source>
+        <translation>Ошибка измерения PV=%1! Повторите попытку.</translation>
+    </message>
+    <message>
+        <source>current loop disabled</source>
+        <translation>токовая петля отключена</translation>
+    </message>
+</context>
+<context>
+    <name>PlainDeviceWidget</name>
+    <message>
+        <source>Device</source>
+        <translation>Устройство</translation>
     </message>
 </context>
 <context>
@@ -2034,6 +2681,25 @@ the transaction</source>
     <message>
         <source>Changes w&apos;ll take effect after the program is restarted.</source>
         <translation>Изменения вступят в силу после перезапуска программы.</translation>
+    </message>
+</context>
+<context>
+    <name>StatusWidget</name>
+    <message>
+        <source>Form</source>
+        <translation>Форма</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Статус</translation>
+    </message>
+    <message>
+        <source>completed successfully</source>
+        <translation>выполнено успешно</translation>
+    </message>
+    <message>
+        <source>completed with errors</source>
+        <translation>выполнено с ошибками</translation>
     </message>
 </context>
 <context>
