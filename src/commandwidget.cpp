@@ -59,6 +59,11 @@ CommandWidget::CommandWidget(DeviceWidget* owner, QWidget* parent)
     on_dspnValue_valueChanged(ui->dspnValue->value());
     updateBuffer();
     loadCommandsContext();
+    // A number typed in the box shows what the device calls it, or nothing.
+    connect(ui->spnCmd, &QSpinBox::valueChanged, this, [this](int cmd) {
+        const QSignalBlocker blocker(ui->cmbCmdContext);
+        ui->cmbCmdContext->setCurrentIndex(ui->cmbCmdContext->findData(cmd));
+    });
 }
 
 CommandWidget::~CommandWidget()

@@ -239,6 +239,7 @@ void DeviceWidget::showDeviceInfoInField(const QString& name, QWidget* field, bo
             edit->setText(QStringLiteral("0x") + QString::fromLatin1(value.toByteArray().toHex().toUpper()));
         else if (typeName == QLatin1String("QString"))
             edit->setText(value.toString());
+        edit->setCursorPosition(0); // a long text shows its start
     } else if (auto* date = qobject_cast<QDateEdit*>(field)) {
         bindOnce([&]() { connect(date, &QDateEdit::dateChanged, this, &DeviceWidget::onDateEditBoxDateChanged); });
         date->setDate(value.toDate());

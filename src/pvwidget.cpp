@@ -3,16 +3,23 @@
 
 #include "device.h"
 
+#include <QLCDNumber>
 #include <QMessageBox>
+
+#include <cmath>
 
 namespace {
 
 const int UnitNotUsed = 250;
 
-// Every value of the panel is shown rounded to two decimals.
-double rounded(double value)
+// Every value of the panel is shown rounded to two decimals; a value the
+// instrument marks as not available (NaN) as dashes.
+void showValue(QLCDNumber* display, double value)
 {
-    return QString::number(value, 'f', 2).toDouble();
+    if (std::isfinite(value))
+        display->display(QString::number(value, 'f', 2).toDouble());
+    else
+        display->display(QStringLiteral("----"));
 }
 
 } // namespace
@@ -105,7 +112,7 @@ bool PVWidget::showVariable(const QString& name, QLCDNumber* display, QLabel* un
     unit->setVisible(shown);
     title->setVisible(shown);
     if (shown)
-        display->display(rounded(m_device->getDeviceInfoFloat(name)));
+        showValue(display, m_device->getDeviceInfoFloat(name));
     return shown;
 }
 
@@ -127,7 +134,7 @@ bool PVWidget::readPrimaryVariable(bool standalone)
         }
         return false;
     }
-    ui->lcdPVValue->display(rounded(m_device->getDeviceInfoFloat(QStringLiteral("PV"))));
+    showValue(ui->lcdPVValue, m_device->getDeviceInfoFloat(QStringLiteral("PV")));
     ui->lbPVUnit->setText(m_device->getPVUnitCodeText());
     showVariable(QStringLiteral("SV"), ui->lcdSVValue, ui->lbSVUnit, ui->lbSVTitle);
     showVariable(QStringLiteral("TV"), ui->lcdTVValue, ui->lbTVUnit, ui->lbTVTitle);
@@ -233,7 +240,7 @@ void PVWidget::showPeriodResponsePV(const QVariantMap& values)
 {
     if (!m_device)
         return;
-    ui->lcdPVValue->display(rounded(m_device->getDeviceInfoFloat(QStringLiteral("PV"))));
+    showValue(ui->lcdPVValue, m_device->getDeviceInfoFloat(QStringLiteral("PV")));
     ui->lbPVUnit->setText(m_device->getPVUnitCodeText());
     if (values.contains(QStringLiteral("output_current")))
         ui->txtOutputCurrent->setText(
@@ -251,7 +258,7 @@ void PVWidget::showPeriodResponsePV(const QVariantMap& values)
     for (const Variable& variable : variables) {
         if (!values.contains(QLatin1String(variable.name)))
             continue;
-        variable.display->display(rounded(m_device->getDeviceInfoFloat(QLatin1String(variable.name))));
+        showValue(variable.display, m_device->getDeviceInfoFloat(QLatin1String(variable.name)));
         variable.unit->setText((m_device->*variable.unitText)());
     }
 }

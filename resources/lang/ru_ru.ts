@@ -21,7 +21,7 @@
     </message>
     <message>
         <source>Send as custom command</source>
-        <translation>Отправить как произвольную</translation>
+        <translation>Как произвольную</translation>
     </message>
     <message>
         <source>Send the data buffer even for a command the device knows</source>
@@ -81,15 +81,15 @@
     </message>
     <message>
         <source>Float:</source>
-        <translation>Вещественное:</translation>
+        <translation>Дробное:</translation>
     </message>
     <message>
         <source>Add float</source>
-        <translation>Добавить вещественное</translation>
+        <translation>Добавить дробное</translation>
     </message>
     <message>
         <source>Get float</source>
-        <translation>Прочитать вещественное</translation>
+        <translation>Прочитать дробное</translation>
     </message>
     <message>
         <source>Text:</source>
@@ -97,7 +97,7 @@
     </message>
     <message>
         <source>Add packed</source>
-        <translation>Добавить упакованный</translation>
+        <translation>Добавить упак.</translation>
     </message>
     <message>
         <source>Add as packed ASCII</source>
@@ -244,7 +244,7 @@
     </message>
     <message>
         <source>Check by tag</source>
-        <translation>Проверить по тегу</translation>
+        <translation>По тегу</translation>
     </message>
     <message>
         <source>Identify the device by the tag typed below (command 11)</source>
@@ -252,7 +252,7 @@
     </message>
     <message>
         <source>Check by long tag</source>
-        <translation>Проверить по длинному тегу</translation>
+        <translation>По длинному тегу</translation>
     </message>
     <message>
         <source>Identify the device by the long tag typed below (command 21)</source>
@@ -392,7 +392,7 @@
     </message>
     <message>
         <source>Final assembly number</source>
-        <translation>Номер окончательной сборки</translation>
+        <translation>Номер сборки</translation>
     </message>
     <message>
         <source>Read or write the final assembly number (commands 16 and 19)</source>
@@ -2339,7 +2339,7 @@ Do you want to save your changes?</source>
     </message>
     <message>
         <source>Percent of range</source>
-        <translation>Процент диапазона</translation>
+        <translation>% диапазона</translation>
     </message>
     <message>
         <source>Read the dynamic variables and the loop current (commands 3 and 2)</source>
@@ -2363,7 +2363,7 @@ Do you want to save your changes?</source>
     </message>
     <message>
         <source>Reset flag &lt;Config changed&gt;</source>
-        <translation>Сбросить флаг &lt;Конфигурация изменена&gt;</translation>
+        <translation>Сбросить флаг &lt;Конфиг. изменена&gt;</translation>
     </message>
     <message>
         <source>not used</source>
