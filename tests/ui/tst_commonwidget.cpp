@@ -29,6 +29,8 @@ private slots:
     void tagAndMessage();
     void writeProtection();
     void protectionSeenInPassing();
+    void wrongIdentityRefused();
+    void portClosedAfterTransaction();
 
 private:
     template <typename T>
@@ -244,6 +246,26 @@ void TestCommonWidget::protectionSeenInPassing()
     QVERIFY(verdict().contains("completed with errors"));
     QCOMPARE(answerer.seen().size(), 2); // the question, then the device's refusal
     QVERIFY2(answerer.seen().last().contains("write protect", Qt::CaseInsensitive), qPrintable(answerer.seen().last()));
+}
+
+void TestCommonWidget::wrongIdentityRefused()
+{
+    m_editor->commonWidget()->setExpectedCodes(0xE0, 0x94); // a pH meter is expected
+    ModalAnswerer cancel({QMessageBox::Cancel});
+    click("btnCheck");
+    QCOMPARE(cancel.seen(),
+             QStringList{"Check device|Wrong template TCV-C for\ndevice type code = 0x91E0 !!!\n\nContinue ?"});
+    QCOMPARE(commands(), (QList<int>{0, 48})); // nothing more is asked of it
+    QVERIFY(!child<QPushButton>("btnReset")->isEnabled());
+    QVERIFY(verdict().contains("completed with errors"));
+}
+
+void TestCommonWidget::portClosedAfterTransaction()
+{
+    m_line.port->setClosePortAfterTransaction(true);
+    checkDevice();
+    m_line.port->setClosePortAfterTransaction(false);
+    QVERIFY(!m_line.port->hart().isOpen());
 }
 
 QTEST_MAIN(TestCommonWidget)
