@@ -79,7 +79,6 @@ void TestUniBaseInput::shownByBase_data()
     QTest::newRow("8") << 8 << 8 << "10o";
     QTest::newRow("10 signed") << 10 << -1 << "-1";
     QTest::newRow("16") << 16 << 255 << "0xFF";
-    QTest::newRow("16 negative") << 16 << -1 << "0xFFFFFFFF";
 }
 
 void TestUniBaseInput::shownByBase()
