@@ -171,10 +171,9 @@ bool FileThread::createArchiveFile()
             return false;
         }
     } else {
-        const QString header = m_map.value(QStringLiteral("full_name")).toString() + QStringLiteral(" ; ") +
-                               m_map.value(QStringLiteral("archive_type")).toString() + QStringLiteral(" ; ") +
-                               m_dateTime.toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")) +
-                               QStringLiteral(" ; @ ; -1 ;\n");
+        const QString header = headerLine(m_map.value(QStringLiteral("full_name")).toString(),
+                                          m_map.value(QStringLiteral("archive_type")).toString(), m_dateTime) +
+                               QLatin1Char('\n');
         const QByteArray data = header.toLocal8Bit();
         if (archive.write(data) != data.size() || !archive.flush()) {
             m_errorString = tr("Write error in file %1, error code %2").arg(file).arg(int(archive.error()));
@@ -190,6 +189,28 @@ bool FileThread::createArchiveFile()
     return true;
 }
 
+QString FileThread::headerLine(const QString& fullName, const QString& archiveType, const QDateTime& start)
+{
+    return QStringLiteral("%1 ; %2 ; %3 ; %4 ; %5 ;")
+        .arg(fullName, archiveType, start.toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")), QStringLiteral("@"),
+             QStringLiteral("-1"));
+}
+
+QString FileThread::archiveLine(int number, const QDateTime& time, const QVariantMap& map)
+{
+    QString line =
+        QStringLiteral("%1;%2;%3;%4;")
+            .arg(QString::number(number), time.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")),
+                 fixed2(map.value(QStringLiteral("PV"))), fixed2(map.value(QStringLiteral("output_current"))));
+    if (map.contains(QStringLiteral("statusCode")))
+        line += QStringLiteral("%1;").arg(map.value(QStringLiteral("statusCode")).toString());
+    for (const char* key : {"SV", "TV", "QV"}) {
+        if (map.contains(QLatin1String(key)))
+            line += QStringLiteral("%1;").arg(fixed2(map.value(QLatin1String(key))));
+    }
+    return line;
+}
+
 bool FileThread::appendHARTDataToWrite(const QVariantMap& map)
 {
     bool ok = false;
@@ -202,17 +223,7 @@ bool FileThread::appendHARTDataToWrite(const QVariantMap& map)
             time = m_clock();
         if (changeFileIfNewDay(time)) {
             ++m_count;
-            QString line =
-                QStringLiteral("%1;%2;%3;%4;")
-                    .arg(QString::number(m_count), time.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")),
-                         fixed2(map.value(QStringLiteral("PV"))), fixed2(map.value(QStringLiteral("output_current"))));
-            if (map.contains(QStringLiteral("statusCode")))
-                line += QStringLiteral("%1;").arg(map.value(QStringLiteral("statusCode")).toString());
-            for (const char* key : {"SV", "TV", "QV"}) {
-                if (map.contains(QLatin1String(key)))
-                    line += QStringLiteral("%1;").arg(fixed2(map.value(QLatin1String(key))));
-            }
-            appendLine(line);
+            appendLine(archiveLine(m_count, time, map));
             ok = true;
         }
     }

@@ -52,6 +52,10 @@ public:
     // line count of an existing one. Lines still queued for the previous
     // file go to that file.
     bool setParameters(const QVariantMap& map);
+    // The header and one reading's line of an archive, as the table's own
+    // export writes them too.
+    static QString headerLine(const QString& fullName, const QString& archiveType, const QDateTime& start);
+    static QString archiveLine(int number, const QDateTime& time, const QVariantMap& map);
     // Queues one reading, a map of PeriodThread::responsePV. False when the
     // archive is not ready or a new day's file cannot be made.
     bool appendHARTDataToWrite(const QVariantMap& map);

@@ -5,6 +5,7 @@
 #include "commonwidget.h"
 #include "device.h"
 #include "logwidget.h"
+#include "measurewidget.h"
 #include "port.h"
 #include "pvwidget.h"
 #include "statuswidget.h"
@@ -43,6 +44,16 @@ void MainDeviceWidget::composeEditor(const Composition& composition)
     composition.firstPage->addWidget(m_pvWidget, 0, 1);
     composition.firstPage->setColumnStretch(0, 3);
     composition.firstPage->setColumnStretch(1, 2);
+
+    m_measureWidget = new MeasureWidget(this);
+    setWidgetInTab(m_measureWidget, composition.tabs, QStringLiteral("Measurement"));
+    connect(this, &DeviceWidget::deviceChanged, m_measureWidget, &MeasureWidget::onDeviceChanged);
+    connect(this, &MainDeviceWidget::closeApplication, m_measureWidget, &MeasureWidget::onCloseApplication);
+    connect(this, &DeviceWidget::updateButtons, m_measureWidget, &MeasureWidget::onUpdateButtons);
+    connect(m_measureWidget, &MeasureWidget::responsePV, m_pvWidget, &PVWidget::showPeriodResponsePV);
+    connect(m_measureWidget, &MeasureWidget::startPeriod, m_commonWidget, &CommonWidget::onStartPeriod);
+    connect(m_measureWidget, &MeasureWidget::startPeriod, this, &MainDeviceWidget::onStartPeriod);
+    connect(m_measureWidget, &MeasureWidget::changed, this, &DeviceWidget::changed);
 
     m_logWidget = new LogWidget(this);
     setWidgetInTab(m_logWidget, composition.tabs, QStringLiteral("Hart Log"));
@@ -84,4 +95,10 @@ void MainDeviceWidget::onResetWidget()
 void MainDeviceWidget::onUpdateButtons(bool on)
 {
     Q_UNUSED(on)
+}
+
+void MainDeviceWidget::onStartPeriod(bool deviceFree)
+{
+    m_commandWidget->setEnabled(deviceFree);
+    m_pvWidget->onUpdateButtons(deviceFree && m_device && m_device->isIdentified());
 }

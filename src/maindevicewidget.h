@@ -6,6 +6,7 @@
 class CommandWidget;
 class CommonWidget;
 class LogWidget;
+class MeasureWidget;
 class PVWidget;
 class QBoxLayout;
 class QGridLayout;
@@ -14,7 +15,7 @@ class QGridLayout;
 // device selected in the tree: setItem() moves every panel's connections to
 // the device. It is composed of the identification tab and the live values
 // side by side on its first page, the status strip at its foot, and the
-// tabs of the HART log and of custom commands.
+// tabs of measurement, of the HART log and of custom commands.
 class MainDeviceWidget : public DeviceWidget
 {
     Q_OBJECT
@@ -28,11 +29,15 @@ public:
     CommonWidget* commonWidget() const { return m_commonWidget; }
     PVWidget* pvWidget() const { return m_pvWidget; }
     LogWidget* logWidget() const { return m_logWidget; }
+    MeasureWidget* measureWidget() const { return m_measureWidget; }
     CommandWidget* commandWidget() const { return m_commandWidget; }
 
 public slots:
     virtual void onResetWidget();
     virtual void onUpdateButtons(bool on);
+    // While the measurement tab polls, the tabs that talk to the device are
+    // locked: deviceFree is false.
+    virtual void onStartPeriod(bool deviceFree);
 
 signals:
     void appendLogMessage(int addr, const QString& msg);
@@ -54,6 +59,7 @@ protected:
 
     PVWidget* m_pvWidget = nullptr;
     CommonWidget* m_commonWidget = nullptr;
+    MeasureWidget* m_measureWidget = nullptr;
     LogWidget* m_logWidget = nullptr;
     CommandWidget* m_commandWidget = nullptr;
     bool m_hasReadedConfig = false;

@@ -8,6 +8,7 @@
 #include "factorynumberdialog.h"
 #include "finddevicedialog.h"
 #include "helpviewer.h"
+#include "measurewidget.h"
 #include "plaindevicewidget.h"
 #include "port.h"
 #include "rtuporteditor.h"
@@ -675,6 +676,8 @@ QWidget* MainWindow::createDeviceEditor(Device* device)
     page->setItem(device);
     connect(page, &DeviceWidget::changed, this, &MainWindow::onChanged);
     connect(this, &MainWindow::closeApplication, page, &MainDeviceWidget::closeApplication);
+    // A polled device can be neither removed nor tested.
+    connect(page->measureWidget(), &MeasureWidget::startPeriod, this, [this]() { updateActions(); });
     return page;
 }
 
@@ -810,7 +813,7 @@ void MainWindow::addItem()
 void MainWindow::deleteItem()
 {
     ServerItem* item = currentServerItem();
-    if (!item || exchangeRunning())
+    if (!item || exchangeRunning() || !ui->actionRemove->isEnabled())
         return;
     if (item->type() == ServerItem::TypePort)
         removePort(static_cast<Port*>(item));
@@ -897,6 +900,17 @@ void MainWindow::find()
 {
     if (exchangeRunning())
         return;
+    // The search takes the lines for itself: a poll would lose its port.
+    for (Port* port : m_server->ports()) {
+        for (Device* device : port->devices()) {
+            if (device->deviceTagState() & Device::TagStatePolled) {
+                QMessageBox::warning(
+                    this, m_appTitle,
+                    tr("The device %1 is being polled.\nStop polling before searching the lines.").arg(device->name()));
+                return;
+            }
+        }
+    }
     // The search talks on the lines itself: the ports let go of them first.
     const QList<Port*> list = m_server->ports();
     QStringList lines;

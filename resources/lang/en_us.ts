@@ -2215,6 +2215,263 @@ Do you want to save your changes?</translation>
             <source>Wait until the exchange with the device has ended</source>
             <translation>Wait until the exchange with the device has ended</translation>
         </message>
+        <message>
+            <source>The device %1 is being polled.
+Stop polling before searching the lines.</source>
+            <translation>The device %1 is being polled.
+Stop polling before searching the lines.</translation>
+        </message>
+    </context>
+    <context>
+        <name>MeasureWidget</name>
+        <message>
+            <source>Measurement</source>
+            <translation>Measurement</translation>
+        </message>
+        <message>
+            <source>Polling</source>
+            <translation>Polling</translation>
+        </message>
+        <message>
+            <source>Start</source>
+            <translation>Start</translation>
+        </message>
+        <message>
+            <source>Start or stop polling the device (command 3)</source>
+            <translation>Start or stop polling the device (command 3)</translation>
+        </message>
+        <message>
+            <source>Polling period</source>
+            <translation>Polling period</translation>
+        </message>
+        <message>
+            <source>Write archive</source>
+            <translation>Write archive</translation>
+        </message>
+        <message>
+            <source>Write every reading to a CSV file in the archive folder</source>
+            <translation>Write every reading to a CSV file in the archive folder</translation>
+        </message>
+        <message>
+            <source> lines</source>
+            <translation> lines</translation>
+        </message>
+        <message>
+            <source>Readings gathered before each write to the file</source>
+            <translation>Readings gathered before each write to the file</translation>
+        </message>
+        <message>
+            <source>Follow</source>
+            <translation>Follow</translation>
+        </message>
+        <message>
+            <source>Scroll the table and the plot to the last reading</source>
+            <translation>Scroll the table and the plot to the last reading</translation>
+        </message>
+        <message>
+            <source>Last reading</source>
+            <translation>Last reading</translation>
+        </message>
+        <message>
+            <source>PV</source>
+            <translation>PV</translation>
+        </message>
+        <message>
+            <source>Show PV on the plot</source>
+            <translation>Show PV on the plot</translation>
+        </message>
+        <message>
+            <source>Current</source>
+            <translation>Current</translation>
+        </message>
+        <message>
+            <source>mA</source>
+            <translation>mA</translation>
+        </message>
+        <message>
+            <source>SV</source>
+            <translation>SV</translation>
+        </message>
+        <message>
+            <source>Show SV on the plot</source>
+            <translation>Show SV on the plot</translation>
+        </message>
+        <message>
+            <source>TV</source>
+            <translation>TV</translation>
+        </message>
+        <message>
+            <source>Show TV on the plot</source>
+            <translation>Show TV on the plot</translation>
+        </message>
+        <message>
+            <source>QV</source>
+            <translation>QV</translation>
+        </message>
+        <message>
+            <source>Show QV on the plot</source>
+            <translation>Show QV on the plot</translation>
+        </message>
+        <message>
+            <source>Plot view</source>
+            <translation>Plot view</translation>
+        </message>
+        <message>
+            <source>Y:</source>
+            <translation>Y:</translation>
+        </message>
+        <message>
+            <source>From:</source>
+            <translation>From:</translation>
+        </message>
+        <message>
+            <source>To:</source>
+            <translation>To:</translation>
+        </message>
+        <message>
+            <source>Span:</source>
+            <translation>Span:</translation>
+        </message>
+        <message>
+            <source> min</source>
+            <translation> min</translation>
+        </message>
+        <message>
+            <source>The time the plot shows when polling starts</source>
+            <translation>The time the plot shows when polling starts</translation>
+        </message>
+        <message>
+            <source>Apply</source>
+            <translation>Apply</translation>
+        </message>
+        <message>
+            <source>Show the plot between the edges above</source>
+            <translation>Show the plot between the edges above</translation>
+        </message>
+        <message>
+            <source>Show all</source>
+            <translation>Show all</translation>
+        </message>
+        <message>
+            <source>Show every point of the plot</source>
+            <translation>Show every point of the plot</translation>
+        </message>
+        <message>
+            <source>Save table...</source>
+            <translation>Save table...</translation>
+        </message>
+        <message>
+            <source>Save the readings of the table as a CSV file</source>
+            <translation>Save the readings of the table as a CSV file</translation>
+        </message>
+        <message>
+            <source>Save plot...</source>
+            <translation>Save plot...</translation>
+        </message>
+        <message>
+            <source>Save the plot as a PNG picture, with a black and white copy</source>
+            <translation>Save the plot as a PNG picture, with a black and white copy</translation>
+        </message>
+        <message>
+            <source>Clear</source>
+            <translation>Clear</translation>
+        </message>
+        <message>
+            <source>Clear the table and the plot</source>
+            <translation>Clear the table and the plot</translation>
+        </message>
+        <message>
+            <source>ms</source>
+            <translation>ms</translation>
+        </message>
+        <message>
+            <source>s</source>
+            <translation>s</translation>
+        </message>
+        <message>
+            <source>min</source>
+            <translation>min</translation>
+        </message>
+        <message>
+            <source>h</source>
+            <translation>h</translation>
+        </message>
+        <message>
+            <source>Stop</source>
+            <translation>Stop</translation>
+        </message>
+        <message>
+            <source>Archive</source>
+            <translation>Archive</translation>
+        </message>
+        <message>
+            <source>Min Y value</source>
+            <translation>Min Y value</translation>
+        </message>
+        <message>
+            <source>The entered value Min Y (%1) is greater than Max Y (%2)!</source>
+            <translation>The entered value Min Y (%1) is greater than Max Y (%2)!</translation>
+        </message>
+        <message>
+            <source>Max Y value</source>
+            <translation>Max Y value</translation>
+        </message>
+        <message>
+            <source>The entered value Max Y (%1) less than Min Y (%2)!</source>
+            <translation>The entered value Max Y (%1) less than Min Y (%2)!</translation>
+        </message>
+        <message>
+            <source>Min X value</source>
+            <translation>Min X value</translation>
+        </message>
+        <message>
+            <source>The entered value Min X (%1) is greater than Max X (%2)!</source>
+            <translation>The entered value Min X (%1) is greater than Max X (%2)!</translation>
+        </message>
+        <message>
+            <source>Max X value</source>
+            <translation>Max X value</translation>
+        </message>
+        <message>
+            <source>The entered value Max X (%1) less than Min X (%2)!</source>
+            <translation>The entered value Max X (%1) less than Min X (%2)!</translation>
+        </message>
+        <message>
+            <source>Clear data...</source>
+            <translation>Clear data...</translation>
+        </message>
+        <message>
+            <source>Do you really want to clear ALL data?</source>
+            <translation>Do you really want to clear ALL data?</translation>
+        </message>
+        <message>
+            <source>Save As...</source>
+            <translation>Save As...</translation>
+        </message>
+        <message>
+            <source>Archives (*.csv);;All files (*.*)</source>
+            <translation>Archives (*.csv);;All files (*.*)</translation>
+        </message>
+        <message>
+            <source>Cannot open file for writing: %1</source>
+            <translation>Cannot open file for writing: %1</translation>
+        </message>
+        <message>
+            <source>Save File ...</source>
+            <translation>Save File ...</translation>
+        </message>
+        <message>
+            <source>Cancel</source>
+            <translation>Cancel</translation>
+        </message>
+        <message>
+            <source>Save record %1...</source>
+            <translation>Save record %1...</translation>
+        </message>
+        <message>
+            <source>Archives (*.png);;All files (*.*)</source>
+            <translation>Archives (*.png);;All files (*.*)</translation>
+        </message>
     </context>
     <context>
         <name>PH77Device</name>
@@ -2395,6 +2652,37 @@ Do you want to save your changes?</translation>
         <message>
             <source>Device</source>
             <translation>Device</translation>
+        </message>
+    </context>
+    <context>
+        <name>Plotter</name>
+        <message>
+            <source>Next zoom</source>
+            <translation>Next zoom</translation>
+        </message>
+        <message>
+            <source>Previous zoom</source>
+            <translation>Previous zoom</translation>
+        </message>
+        <message>
+            <source>Move plot up</source>
+            <translation>Move plot up</translation>
+        </message>
+        <message>
+            <source>Move plot down</source>
+            <translation>Move plot down</translation>
+        </message>
+        <message>
+            <source>Move plot left</source>
+            <translation>Move plot left</translation>
+        </message>
+        <message>
+            <source>Move plot right</source>
+            <translation>Move plot right</translation>
+        </message>
+        <message>
+            <source>Curves draw mode - line/point</source>
+            <translation>Curves draw mode - line/point</translation>
         </message>
     </context>
     <context>
@@ -2579,6 +2867,25 @@ the transaction</translation>
         <message>
             <source>&lt;p style="color: green;"&gt;Success.&lt;/p&gt;</source>
             <translation>&lt;p style="color: green;"&gt;Success.&lt;/p&gt;</translation>
+        </message>
+    </context>
+    <context>
+        <name>ReadingsModel</name>
+        <message>
+            <source>Time</source>
+            <translation>Time</translation>
+        </message>
+        <message>
+            <source>%1 [%2]</source>
+            <translation>%1 [%2]</translation>
+        </message>
+        <message>
+            <source>Current</source>
+            <translation>Current</translation>
+        </message>
+        <message>
+            <source>Status</source>
+            <translation>Status</translation>
         </message>
     </context>
     <context>

@@ -2215,6 +2215,263 @@ Do you want to save your changes?</source>
         <source>Wait until the exchange with the device has ended</source>
         <translation>Дождитесь окончания обмена с устройством</translation>
     </message>
+    <message>
+        <source>The device %1 is being polled.
+Stop polling before searching the lines.</source>
+        <translation>Прибор %1 опрашивается.
+Остановите опрос перед поиском на линиях.</translation>
+    </message>
+</context>
+<context>
+    <name>MeasureWidget</name>
+    <message>
+        <source>Measurement</source>
+        <translation>Измерения</translation>
+    </message>
+    <message>
+        <source>Polling</source>
+        <translation>Опрос</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Старт</translation>
+    </message>
+    <message>
+        <source>Start or stop polling the device (command 3)</source>
+        <translation>Начать или остановить опрос прибора (команда 3)</translation>
+    </message>
+    <message>
+        <source>Polling period</source>
+        <translation>Период опроса</translation>
+    </message>
+    <message>
+        <source>Write archive</source>
+        <translation>Писать архив</translation>
+    </message>
+    <message>
+        <source>Write every reading to a CSV file in the archive folder</source>
+        <translation>Записывать каждое показание в файл CSV в папке архива</translation>
+    </message>
+    <message>
+        <source> lines</source>
+        <translation> строк</translation>
+    </message>
+    <message>
+        <source>Readings gathered before each write to the file</source>
+        <translation>Сколько показаний накопить перед записью в файл</translation>
+    </message>
+    <message>
+        <source>Follow</source>
+        <translation>Следить</translation>
+    </message>
+    <message>
+        <source>Scroll the table and the plot to the last reading</source>
+        <translation>Прокручивать таблицу и график к последнему показанию</translation>
+    </message>
+    <message>
+        <source>Last reading</source>
+        <translation>Последнее показание</translation>
+    </message>
+    <message>
+        <source>PV</source>
+        <translation>PV</translation>
+    </message>
+    <message>
+        <source>Show PV on the plot</source>
+        <translation>Показывать PV на графике</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Ток</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>мА</translation>
+    </message>
+    <message>
+        <source>SV</source>
+        <translation>SV</translation>
+    </message>
+    <message>
+        <source>Show SV on the plot</source>
+        <translation>Показывать SV на графике</translation>
+    </message>
+    <message>
+        <source>TV</source>
+        <translation>TV</translation>
+    </message>
+    <message>
+        <source>Show TV on the plot</source>
+        <translation>Показывать TV на графике</translation>
+    </message>
+    <message>
+        <source>QV</source>
+        <translation>QV</translation>
+    </message>
+    <message>
+        <source>Show QV on the plot</source>
+        <translation>Показывать QV на графике</translation>
+    </message>
+    <message>
+        <source>Plot view</source>
+        <translation>Вид графика</translation>
+    </message>
+    <message>
+        <source>Y:</source>
+        <translation>Y:</translation>
+    </message>
+    <message>
+        <source>From:</source>
+        <translation>С:</translation>
+    </message>
+    <message>
+        <source>To:</source>
+        <translation>По:</translation>
+    </message>
+    <message>
+        <source>Span:</source>
+        <translation>Интервал:</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <translation> мин</translation>
+    </message>
+    <message>
+        <source>The time the plot shows when polling starts</source>
+        <translation>Сколько времени показывает график в начале опроса</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Применить</translation>
+    </message>
+    <message>
+        <source>Show the plot between the edges above</source>
+        <translation>Показать график в заданных выше границах</translation>
+    </message>
+    <message>
+        <source>Show all</source>
+        <translation>Показать всё</translation>
+    </message>
+    <message>
+        <source>Show every point of the plot</source>
+        <translation>Показать все точки графика</translation>
+    </message>
+    <message>
+        <source>Save table...</source>
+        <translation>Сохранить таблицу...</translation>
+    </message>
+    <message>
+        <source>Save the readings of the table as a CSV file</source>
+        <translation>Сохранить показания таблицы в файл CSV</translation>
+    </message>
+    <message>
+        <source>Save plot...</source>
+        <translation>Сохранить график...</translation>
+    </message>
+    <message>
+        <source>Save the plot as a PNG picture, with a black and white copy</source>
+        <translation>Сохранить график в PNG и его чёрно-белую копию</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Очистить</translation>
+    </message>
+    <message>
+        <source>Clear the table and the plot</source>
+        <translation>Очистить таблицу и график</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>мс</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>с</translation>
+    </message>
+    <message>
+        <source>min</source>
+        <translation>мин</translation>
+    </message>
+    <message>
+        <source>h</source>
+        <translation>ч</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Стоп</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>Архив</translation>
+    </message>
+    <message>
+        <source>Min Y value</source>
+        <translation>Минимум Y</translation>
+    </message>
+    <message>
+        <source>The entered value Min Y (%1) is greater than Max Y (%2)!</source>
+        <translation>Введённое значение Min Y (%1) больше Max Y (%2)!</translation>
+    </message>
+    <message>
+        <source>Max Y value</source>
+        <translation>Максимум Y</translation>
+    </message>
+    <message>
+        <source>The entered value Max Y (%1) less than Min Y (%2)!</source>
+        <translation>Введённое значение Max Y (%1) меньше Min Y (%2)!</translation>
+    </message>
+    <message>
+        <source>Min X value</source>
+        <translation>Минимум X</translation>
+    </message>
+    <message>
+        <source>The entered value Min X (%1) is greater than Max X (%2)!</source>
+        <translation>Введённое значение Min X (%1) больше Max X (%2)!</translation>
+    </message>
+    <message>
+        <source>Max X value</source>
+        <translation>Максимум X</translation>
+    </message>
+    <message>
+        <source>The entered value Max X (%1) less than Min X (%2)!</source>
+        <translation>Введённое значение Max X (%1) меньше Min X (%2)!</translation>
+    </message>
+    <message>
+        <source>Clear data...</source>
+        <translation>Очистка данных...</translation>
+    </message>
+    <message>
+        <source>Do you really want to clear ALL data?</source>
+        <translation>Действительно очистить ВСЕ данные?</translation>
+    </message>
+    <message>
+        <source>Save As...</source>
+        <translation>Сохранить как...</translation>
+    </message>
+    <message>
+        <source>Archives (*.csv);;All files (*.*)</source>
+        <translation>Архивы (*.csv);;Все файлы (*.*)</translation>
+    </message>
+    <message>
+        <source>Cannot open file for writing: %1</source>
+        <translation>Не удалось открыть файл для записи: %1</translation>
+    </message>
+    <message>
+        <source>Save File ...</source>
+        <translation>Сохранение файла ...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Save record %1...</source>
+        <translation>Сохранение записи %1...</translation>
+    </message>
+    <message>
+        <source>Archives (*.png);;All files (*.*)</source>
+        <translation>Архивы (*.png);;Все файлы (*.*)</translation>
+    </message>
 </context>
 <context>
     <name>PH77Device</name>
@@ -2395,6 +2652,37 @@ Do you want to save your changes?</source>
     <message>
         <source>Device</source>
         <translation>Устройство</translation>
+    </message>
+</context>
+<context>
+    <name>Plotter</name>
+    <message>
+        <source>Next zoom</source>
+        <translation>Следующий масштаб</translation>
+    </message>
+    <message>
+        <source>Previous zoom</source>
+        <translation>Предыдущий масштаб</translation>
+    </message>
+    <message>
+        <source>Move plot up</source>
+        <translation>Сдвинуть график вверх</translation>
+    </message>
+    <message>
+        <source>Move plot down</source>
+        <translation>Сдвинуть график вниз</translation>
+    </message>
+    <message>
+        <source>Move plot left</source>
+        <translation>Сдвинуть график влево</translation>
+    </message>
+    <message>
+        <source>Move plot right</source>
+        <translation>Сдвинуть график вправо</translation>
+    </message>
+    <message>
+        <source>Curves draw mode - line/point</source>
+        <translation>Вид кривых - линии/точки</translation>
     </message>
 </context>
 <context>
@@ -2579,6 +2867,25 @@ the transaction</source>
     <message>
         <source>&lt;p style=&quot;color: green;&quot;&gt;Success.&lt;/p&gt;</source>
         <translation>&lt;p style=&quot;color: green;&quot;&gt;Успешно.&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>ReadingsModel</name>
+    <message>
+        <source>Time</source>
+        <translation>Время</translation>
+    </message>
+    <message>
+        <source>%1 [%2]</source>
+        <translation>%1 [%2]</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>Ток</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Статус</translation>
     </message>
 </context>
 <context>
