@@ -41,6 +41,8 @@ void ReadingsModel::append(const QVariantMap& map)
     for (int i = 0; i < VariableCount; ++i) {
         const QVariant value = map.value(QLatin1String(variableKeys[i]));
         reading.values[i] = value.isValid() ? value.toFloat() : std::numeric_limits<float>::quiet_NaN();
+        if (value.isValid())
+            reading.carried |= quint8(1u << i);
     }
     reading.failed = map.contains(QStringLiteral("errorText"));
     // Equal texts share one copy.
@@ -89,7 +91,9 @@ QVariantMap ReadingsModel::readingMap(int row) const
     QVariantMap map;
     map.insert(QStringLiteral("DateTime"), QDateTime::fromMSecsSinceEpoch(r.time));
     for (int i = 0; i < VariableCount; ++i) {
-        if (!std::isnan(r.values[i]) || i == PV || i == Current)
+        // A value the device gave as not a number is written as the archive
+        // writes it.
+        if ((r.carried & (1u << i)) || i == PV || i == Current)
             map.insert(QLatin1String(variableKeys[i]), r.values[i]);
     }
     map.insert(QStringLiteral("statusCode"), r.statusCode);

@@ -25,6 +25,7 @@ public:
     {
         qint64 time = 0;                  // ms since the epoch
         float values[VariableCount] = {}; // NaN where the reading has none
+        quint8 carried = 0;               // bit i: the reading had variable i
         QString statusCode;
         QString info; // the status text, or the error of a failed reading
         bool failed = false;

@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <limits>
+
 class TestReadingsModel : public QObject
 {
     Q_OBJECT
@@ -24,7 +26,7 @@ QVariantMap reading(int second, bool failed = false)
     if (failed)
         map.insert("errorText", "Response timeout (370ms)");
     else
-        map.insert({{"SV", 1.5f}, {"statusText", ""}});
+        map.insert({{"SV", 1.5f}, {"TV", std::numeric_limits<float>::quiet_NaN()}, {"statusText", ""}});
     return map;
 }
 
@@ -48,11 +50,11 @@ void TestReadingsModel::rowsAsShownAndExported_data()
     QTest::addColumn<QStringList>("shown"); // the cells of the row
     QTest::addColumn<QString>("line");      // the archive's line of it
 
-    QTest::newRow("good") << false << QStringList{"01.01.2026 00:00:07", "7.25", "4.50", "1.50", "00 00 "}
-                          << "3;2026-01-01 00:00:07;7.25;4.50;00 00;1.50;";
-    QTest::newRow("failed: no values") << true
-                                       << QStringList{"01.01.2026 00:00:07", "", "", "",
-                                                      "00 00 Response timeout (370ms)"}
+    QTest::newRow("good, TV not a number")
+        << false << QStringList{"01.01.2026 00:00:07", "7.25", "4.50", "1.50", "", "00 00 "}
+        << "3;2026-01-01 00:00:07;7.25;4.50;00 00;1.50;nan;";
+    QTest::newRow("failed: no values") << true << QStringList{"01.01.2026 00:00:07",           "", "", "", "",
+                                                              "00 00 Response timeout (370ms)"}
                                        << "3;2026-01-01 00:00:07;7.25;4.50;00 00;";
 }
 
@@ -63,7 +65,7 @@ void TestReadingsModel::rowsAsShownAndExported()
     QFETCH(QString, line);
 
     ReadingsModel model;
-    model.setColumns("°C", {ReadingsModel::SV});
+    model.setColumns("°C", {ReadingsModel::SV, ReadingsModel::TV});
     model.append(reading(7, failed));
     QCOMPARE(model.headerData(1, Qt::Horizontal).toString(), QStringLiteral("PV [°C]"));
     QStringList cells;
