@@ -63,7 +63,10 @@ MeasureWidget::MeasureWidget(QWidget* parent) : QWidget(parent), ui(new Ui::Meas
     ui->setupUi(this);
     m_model.setLimit(m_rowLimit);
     ui->tblReadings->setModel(&m_model);
+    // Rows of one height and one line: a repaint lays out the visible rows only.
+    ui->tblReadings->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     ui->tblReadings->verticalHeader()->setDefaultSectionSize(ui->tblReadings->fontMetrics().height() + 4);
+    ui->tblReadings->setWordWrap(false);
     ui->plotter->setMaxPoints(MaxPlotPoints);
     ui->splitter->setStretchFactor(0, 3);
     ui->splitter->setStretchFactor(1, 2);
