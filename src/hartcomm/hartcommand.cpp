@@ -191,7 +191,7 @@ QByteArray hexLog(unsigned char byte)
 
 QString bytesToString(const QByteArray& bytes)
 {
-    return byteBufferToString(bytes.constData(), int(bytes.size()));
+    return HartCommand::frameText(bytes);
 }
 
 } // namespace
@@ -266,7 +266,9 @@ unsigned char HartCommand::calculateChecksum(const QByteArray& buffer) const
     unsigned char checksum = 0;
     for (qsizetype i = qMax(0, m_nPreambleLength); i < buffer.size() - 1; ++i)
         checksum ^= static_cast<unsigned char>(buffer.at(i));
-    DBG(LevelInfo) << "checksum:" << hexLog(checksum).constData();
+    // The checksum of a secret's request tells part of the secret.
+    if (!carriesSecret(m_commandNumber))
+        DBG(LevelInfo) << "checksum:" << hexLog(checksum).constData();
     return checksum;
 }
 
@@ -501,6 +503,29 @@ bool HartCommand::ParseChecksum(unsigned char byte)
     m_errorText = tr("*** Checksum is wrong!");
     m_cmdData.clear();
     return false;
+}
+
+QString HartCommand::frameText(const QByteArray& frame)
+{
+    QString text = byteBufferToString(frame.constData(), int(frame.size()));
+    int at = 0;
+    while (at < frame.size() && quint8(frame.at(at)) == 0xFF)
+        ++at;
+    if (at >= frame.size())
+        return text;
+    const quint8 delimiter = quint8(frame.at(at));
+    // Only a request (master to device) carries the secret.
+    if ((delimiter & 0x07) != 0x02)
+        return text;
+    const int commandAt = at + 1 + ((delimiter & 0x80) ? 5 : 1);
+    if (commandAt >= frame.size() || !carriesSecret(quint8(frame.at(commandAt))))
+        return text;
+    // After the command and its byte count: data and checksum. Each byte is two
+    // digits and a blank in the text.
+    const int hiddenFrom = commandAt + 2;
+    for (int i = hiddenFrom; i < frame.size(); ++i)
+        text.replace(3 * i, 2, QStringLiteral("**"));
+    return text;
 }
 
 bool HartCommand::checkAnswer(HartCommand& answer)

@@ -51,6 +51,12 @@ public:
 
     // The finished frame with its checksum.
     QByteArray ToByteArray() const;
+    // The frame's bytes in hexadecimal for a log line. A request of a
+    // command that carries a secret (the metrology access code of command
+    // 190) shows its data and checksum as "**", so the code reaches no log.
+    static QString frameText(const QByteArray& frame);
+    static bool carriesSecret(unsigned char command) { return command == SecretCommand; }
+    static constexpr unsigned char SecretCommand = 190;
     // Parses one received buffer; true when a complete frame with a correct
     // checksum was found. On false the reason is in errorText().
     bool fromByteArray(const QByteArray& buffer, bool findStartOfMessage);

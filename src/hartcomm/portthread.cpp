@@ -1,6 +1,7 @@
 #include "portthread.h"
 
 #include "debugqt.h"
+#include "hartcommand.h"
 #include "utils.h"
 
 #include <QDeadlineTimer>
@@ -117,7 +118,7 @@ QString PortThread::logLine(const QString& direction, int ms, const QByteArray& 
     return QStringLiteral("%1 %2 (%3 ms): ")
                .arg(QTime::currentTime().toString(QStringLiteral("hh:mm:ss.zzz")), direction)
                .arg(ms) +
-           byteBufferToString(data.constData(), int(data.size()));
+           HartCommand::frameText(data);
 }
 
 PortThread::Job PortThread::takeJob()

@@ -2,6 +2,8 @@
 #include "modelline.h"
 #include "tcv2device.h"
 
+#include <QJsonDocument>
+#include <QMutex>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -248,13 +250,34 @@ void TestTCV2Device::metrologyAccess()
     QVERIFY(!m_device->hasDeviceInfoParam("metrology_access"));
     QCOMPARE(m_line.sim().record(3).data, hx("0000d431"));
 
-    // The right one opens it, and the adjustment goes through.
+    // The right one opens it, and the adjustment goes through. The code
+    // reaches neither a log line of any level nor the device's message log.
+    QStringList logLines;
+    QMutex logMutex;
+    DebugQt* log = DebugQt::instance(0, nullptr);
+    const unsigned int flags = log->flags();
+    log->set_flags(flags | DebugQt::LevelInfo | DebugQt::ShowMessage);
+    log->set_emitting(true);
+    const QMetaObject::Connection collect = connect(
+        log, &DebugQt::msg, this,
+        [&](const QString& line) {
+            QMutexLocker lock(&logMutex);
+            logLines << line;
+        },
+        Qt::DirectConnection);
     QVERIFY(m_device->sendAdjustCode(12345));
+    disconnect(collect);
+    log->set_emitting(false);
+    log->set_flags(flags);
     QCOMPARE(m_line.sim().record(4).data, hx("00003039"));
+    const QString everything = logLines.join('\n') + m_device->messageLog().join('\n');
+    QVERIFY(everything.contains(QStringLiteral(" 82 a0 91 00 91 01 be 04 ** ** ** ** **")));
+    QVERIFY2(!everything.contains(QStringLiteral("30 39")), qPrintable(everything));
     QCOMPARE(m_device->deviceInfo().value("metrology_access"), QVariant(1));
     QVERIFY(m_device->isMetrologyAccessOpen());
     // An open session is no part of the configuration the file keeps.
     QVERIFY(!m_device->save().value("parameters").toMap().contains("metrology_access"));
+    QVERIFY(!QJsonDocument::fromVariant(m_device->save()).toJson().contains("12345"));
     QVERIFY(m_device->messageLog().contains(QStringLiteral("writing metrology access (cmd=190)...\n")));
     QVERIFY(m_device->writeDevice(172));
     QCOMPARE(m_line.sim().param(0, "adjust_resistance").toDouble(), 105.0);

@@ -68,6 +68,8 @@ class TestHartCommand : public QObject
 
 private slots:
     void defaultConstructor();
+    void frameText_data();
+    void frameText();
     void request_data();
     void request();
     void parseGood_data();
@@ -99,6 +101,26 @@ void TestHartCommand::defaultConstructor()
     QVERIFY(cmd.statusCode().isEmpty());
     QVERIFY(cmd.errorText().isEmpty());
     QVERIFY(!cmd.hasTrash());
+}
+
+void TestHartCommand::frameText_data()
+{
+    QTest::addColumn<QByteArray>("frame");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("access code, short address")
+        << QByteArray::fromHex("ffff0280be0400003039ad") << "ff ff 02 80 be 04 ** ** ** ** **";
+    QTest::newRow("access code, long address")
+        << QByteArray::fromHex("ff82a091009101be0400003039cc") << "ff 82 a0 91 00 91 01 be 04 ** ** ** ** **";
+    QTest::newRow("its answer shows") << QByteArray::fromHex("ff0680be03000001bc") << "ff 06 80 be 03 00 00 01 bc";
+    QTest::newRow("another command shows")
+        << QByteArray::fromHex("ff0280220400003039ad") << "ff 02 80 22 04 00 00 30 39 ad";
+    QTest::newRow("cut before the command") << QByteArray::fromHex("ffff82a0") << "ff ff 82 a0";
+}
+
+void TestHartCommand::frameText()
+{
+    QFETCH(QByteArray, frame);
+    QTEST(HartCommand::frameText(frame), "text");
 }
 
 void TestHartCommand::request_data()
