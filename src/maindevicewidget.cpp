@@ -11,7 +11,11 @@
 #include "statuswidget.h"
 
 #include <QBoxLayout>
+#include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QGridLayout>
+#include <QMessageBox>
+#include <QSpinBox>
 #include <QTabWidget>
 
 MainDeviceWidget::MainDeviceWidget(QWidget* parent) : DeviceWidget(parent)
@@ -101,4 +105,244 @@ void MainDeviceWidget::onStartPeriod(bool deviceFree)
 {
     m_commandWidget->setEnabled(deviceFree);
     m_pvWidget->onUpdateButtons(deviceFree && m_device && m_device->isIdentified());
+}
+
+// ---------------------------------------------------------------------------
+// Writing the configuration
+
+void MainDeviceWidget::setFieldColorModified(QWidget* field, bool modified)
+{
+    DeviceWidget::setFieldColorModified(field, modified);
+    const QString name = m_mapWriteTagWidget.key(field);
+    if (name.isEmpty())
+        return;
+    if (modified)
+        m_writeParameters.insert(name);
+    else
+        m_writeParameters.remove(name);
+}
+
+bool MainDeviceWidget::IsReadedConfig()
+{
+    if (!m_hasReadedConfig)
+        QMessageBox::warning(this, tr("Adjustment"), tr("You must first read the device configuration!"));
+    return m_hasReadedConfig;
+}
+
+QList<int> MainDeviceWidget::getWriteFunctionsList()
+{
+    if (isActiveTransaction() || !m_device)
+        return {};
+    if (m_device->getDeviceInfo(QStringLiteral("write_protection")).toInt() == 1) {
+        QMessageBox::warning(this, tr("Write changes to device"), tr("The device is write-protected!"));
+        return {};
+    }
+    if (m_adjustMode == NoAdjust) {
+        if (QMessageBox::warning(this, tr("Changes"),
+                                 tr("Do you want to save your changes of the settings in the device?"),
+                                 QMessageBox::Yes | QMessageBox::Cancel) != QMessageBox::Yes)
+            return {};
+    } else {
+        if (QMessageBox::warning(
+                this, tr("Adjustment"),
+                tr("You are in metrology mode and really want to record changes to the settings in the device?"),
+                QMessageBox::Yes | QMessageBox::Cancel) == QMessageBox::Cancel)
+            return {};
+        completeAdjustParameter();
+    }
+
+    QSet<int> functions;
+    for (const QString& name : std::as_const(m_writeParameters)) {
+        QWidget* field = m_mapWriteTagWidget.value(name);
+        if (!field)
+            continue;
+        functions.insert(m_mapTagFunction.value(name));
+        // A field out of use is written with the value the device holds.
+        QVariant value;
+        if (field->isEnabled()) {
+            if (auto* box = qobject_cast<QComboBox*>(field))
+                value = box->currentData();
+            else if (auto* spin = qobject_cast<QSpinBox*>(field))
+                value = spin->value();
+            else if (auto* dspin = qobject_cast<QDoubleSpinBox*>(field))
+                value = float(dspin->value());
+        }
+        if (!value.isNull())
+            m_device->setDeviceInfo(name, value);
+    }
+    QList<int> list(functions.cbegin(), functions.cend());
+    std::sort(list.begin(), list.end());
+    // The range goes last: it is read in the units and type set before it.
+    if (list.removeOne(35))
+        list.append(35);
+    return list;
+}
+
+void MainDeviceWidget::execWriteFunctionsByList(const QList<int>& list, bool additional)
+{
+    if (list.isEmpty()) {
+        if (initProgressBar(tr("Write device configuration"), 0))
+            showFinalMessage(0);
+        return;
+    }
+    if (!initProgressBar(tr("Write device configuration"), int(list.size()) + (additional ? 1 : 0)))
+        return;
+    int written = 0;
+    for (int function : list) {
+        if (!writeDevice(function))
+            break;
+        for (auto it = m_mapTagFunction.cbegin(); it != m_mapTagFunction.cend(); ++it) {
+            if (it.value() == function)
+                setFieldColorModified(m_mapWriteTagWidget.value(it.key()), false);
+        }
+        nextStep();
+        ++written;
+    }
+    if (written == int(list.size()) && additional) {
+        execAdditionalActions();
+        showFinalMessage(written + 1);
+        emit changed();
+        return;
+    }
+    showFinalMessage(written);
+    if (written == int(list.size()))
+        emit changed();
+}
+
+// ---------------------------------------------------------------------------
+// Current, adjustments and manufacturer settings
+
+bool MainDeviceWidget::setFixedCurrent(float current)
+{
+    if (!m_device || !initProgressBar(tr("Fixed current setting"), 1))
+        return false;
+    m_device->setDeviceInfo(QStringLiteral("fixed_current"), current);
+    const bool ok = writeDevice(40);
+    if (ok) {
+        nextStep();
+        emit changed();
+    }
+    showFinalMessage(0);
+    return ok;
+}
+
+namespace {
+
+struct CurrentAdjustment
+{
+    const char* title;
+    const char* key;
+    int command;
+};
+
+const CurrentAdjustment adjust4mA = {QT_TRANSLATE_NOOP("MainDeviceWidget", "Current adjustment 4 mA"), "adjust_4mA",
+                                     45};
+const CurrentAdjustment adjust20mA = {QT_TRANSLATE_NOOP("MainDeviceWidget", "Current adjustment 20 mA"), "adjust_20mA",
+                                      46};
+
+} // namespace
+
+void MainDeviceWidget::onAdjust4mA_clicked(QDoubleSpinBox* spin)
+{
+    adjustCurrent(adjust4mA.title, adjust4mA.key, adjust4mA.command, spin);
+}
+
+void MainDeviceWidget::onAdjust20mA_clicked(QDoubleSpinBox* spin)
+{
+    adjustCurrent(adjust20mA.title, adjust20mA.key, adjust20mA.command, spin);
+}
+
+void MainDeviceWidget::adjustCurrent(const char* title, const char* key, int command, QDoubleSpinBox* spin)
+{
+    if (!m_device || !spin || !initProgressBar(tr(title), 1))
+        return;
+    m_device->setDeviceInfo(QLatin1String(key), float(spin->value()));
+    if (writeDevice(command)) {
+        showDeviceInfoInField(QLatin1String(key), spin, false);
+        nextStep();
+        emit changed();
+    }
+    showFinalMessage(0);
+}
+
+void MainDeviceWidget::saveManufacturerSettings()
+{
+    if (QMessageBox::warning(this, tr("Manufacturer setting"),
+                             tr("Do you really want to save current device settings as manufacturer setting?\n"
+                                "Previously saved device settings will be lost!"),
+                             QMessageBox::Yes | QMessageBox::Cancel) == QMessageBox::Yes)
+        manufacturerSettings(1);
+}
+
+void MainDeviceWidget::restoreManufacturerSettings()
+{
+    if (QMessageBox::warning(this, tr("Manufacturer setting"),
+                             tr("Do you really want to restore manufacturer settings ?\n"
+                                "All current device settings will be lost!"),
+                             QMessageBox::Yes | QMessageBox::Cancel) == QMessageBox::Yes)
+        manufacturerSettings(0);
+}
+
+void MainDeviceWidget::manufacturerSettings(int mode)
+{
+    if (!m_device || !initProgressBar(tr("Manufacturer settings"), 1))
+        return;
+    m_device->setDeviceInfo(QStringLiteral("manufacturer_settings"), mode);
+    if (writeDevice(Device::CmdManufacturerSettings)) {
+        nextStep();
+        emit changed();
+    }
+    showFinalMessage(0);
+}
+
+void MainDeviceWidget::saveRangeMinByPV()
+{
+    saveRangeByPV(false);
+}
+
+void MainDeviceWidget::saveRangeMaxByPV()
+{
+    saveRangeByPV(true);
+}
+
+void MainDeviceWidget::saveRangeByPV(bool upper)
+{
+    if (!m_device || !m_pvWidget->readPrimaryVariable(true))
+        return;
+    const QString value = QString::number(double(m_device->getDeviceInfoFloat(QStringLiteral("PV"))));
+    const QString question =
+        upper ? tr("Do you want to write current\nPrimary Variable value=%1 %2\nas Upper Range Value ?")
+              : tr("Do you want to write current\nPrimary Variable value=%1 %2\nas Lower Range Value ?");
+    if (QMessageBox::warning(this, tr("Setting the conversion range"),
+                             question.arg(value, m_device->getPVUnitCodeText()), QMessageBox::Yes | QMessageBox::Cancel,
+                             QMessageBox::Yes) != QMessageBox::Yes)
+        return;
+    if (!initProgressBar(upper ? tr("Setting the high range limit") : tr("Setting the lower range limit"), 2))
+        return;
+    if (writeDevice(upper ? 36 : 37)) {
+        nextStep();
+        emit changed();
+        if (readDevice(15)) {
+            nextStep();
+            const QString key = upper ? QStringLiteral("range_max") : QStringLiteral("range_min");
+            showDeviceInfoInField(key, m_mapWriteTagWidget.value(key));
+        }
+    }
+    showFinalMessage(0);
+}
+
+bool MainDeviceWidget::completeAdjust()
+{
+    if (!m_device)
+        return false;
+    Device* device = m_device;
+    const bool closed = runExchange([device]() { return device->sendAdjustCode(0); });
+    if (!closed) {
+        QMessageBox::warning(this, tr("Adjustment"),
+                             tr("Metrology access could not be closed: %1").arg(m_device->errorText()));
+        return false;
+    }
+    const AdjustMode previous = m_adjustMode;
+    m_adjustMode = NoAdjust;
+    return previous == Current ? setFixedCurrent(0) : true;
 }

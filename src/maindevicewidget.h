@@ -3,13 +3,20 @@
 
 #include "devicewidget.h"
 
+#include <QSet>
+
 class CommandWidget;
 class CommonWidget;
 class LogWidget;
 class MeasureWidget;
 class PVWidget;
 class QBoxLayout;
+class QDoubleSpinBox;
 class QGridLayout;
+class QPushButton;
+
+// The adjustment under way in an editor.
+enum AdjustMode { Resistance = 0, Voltage, Temperature, Current, LinePoints, Ranges, Sensor, NoAdjust };
 
 // The base of the device editors. An editor is one of these pointed at the
 // device selected in the tree: setItem() moves every panel's connections to
@@ -32,12 +39,39 @@ public:
     MeasureWidget* measureWidget() const { return m_measureWidget; }
     CommandWidget* commandWidget() const { return m_commandWidget; }
 
+    // True once the configuration was read; otherwise says so in a box.
+    bool IsReadedConfig();
+    // The write functions of the blue configuration fields, in ascending
+    // order with 35 (the range) last, after the user's consent; their
+    // values are stored in the device on the way. Empty when refused.
+    QList<int> getWriteFunctionsList();
+    // Runs the writes as one transaction; each success paints its fields
+    // clean, so a failure leaves exactly the unwritten ones blue.
+    void execWriteFunctionsByList(const QList<int>& list, bool additional);
+    bool setFixedCurrent(float current);
+    void onAdjust4mA_clicked(QDoubleSpinBox* spin);
+    void onAdjust20mA_clicked(QDoubleSpinBox* spin);
+    void saveManufacturerSettings();
+    void restoreManufacturerSettings();
+    void manufacturerSettings(int mode);
+    void saveRangeMinByPV();
+    void saveRangeMaxByPV();
+    // Ends the adjustment under way and closes metrology access.
+    bool completeAdjust();
+    AdjustMode adjustMode() const { return m_adjustMode; }
+    const QSet<QString>& writeParameters() const { return m_writeParameters; }
+
+    void setFieldColorModified(QWidget* field, bool modified) override;
+
 public slots:
     virtual void onResetWidget();
     virtual void onUpdateButtons(bool on);
     // While the measurement tab polls, the tabs that talk to the device are
     // locked: deviceFree is false.
     virtual void onStartPeriod(bool deviceFree);
+
+    virtual void execAdditionalActions() {}
+    virtual bool completeAdjustParameter() { return completeAdjust(); }
 
 signals:
     void appendLogMessage(int addr, const QString& msg);
@@ -56,6 +90,10 @@ protected:
     // Builds the panels into the form, as every editor has them; the model's
     // own pages go between the first tab and the log.
     void composeEditor(const Composition& composition);
+    // One of saveRangeMinByPV and saveRangeMaxByPV.
+    void saveRangeByPV(bool upper);
+    // One of the 4 mA and 20 mA adjustments.
+    void adjustCurrent(const char* title, const char* key, int command, QDoubleSpinBox* spin);
 
     PVWidget* m_pvWidget = nullptr;
     CommonWidget* m_commonWidget = nullptr;
@@ -63,6 +101,11 @@ protected:
     LogWidget* m_logWidget = nullptr;
     CommandWidget* m_commandWidget = nullptr;
     bool m_hasReadedConfig = false;
+    QMap<QPushButton*, bool> m_mapButtons;
+    QMap<QString, QWidget*> m_mapWriteTagWidget; // device value to its configuration field
+    QMap<QString, int> m_mapTagFunction;         // device value to its write function
+    QSet<QString> m_writeParameters;             // the blue configuration fields
+    AdjustMode m_adjustMode = NoAdjust;
 };
 
 #endif // MAINDEVICEWIDGET_H

@@ -2018,6 +2018,105 @@ Error (processing time: %1ms)</translation>
         </message>
     </context>
     <context>
+        <name>MainDeviceWidget</name>
+        <message>
+            <source>Adjustment</source>
+            <translation>Adjustment</translation>
+        </message>
+        <message>
+            <source>You must first read the device configuration!</source>
+            <translation>You must first read the device configuration!</translation>
+        </message>
+        <message>
+            <source>Write changes to device</source>
+            <translation>Write changes to device</translation>
+        </message>
+        <message>
+            <source>The device is write-protected!</source>
+            <translation>The device is write-protected!</translation>
+        </message>
+        <message>
+            <source>Changes</source>
+            <translation>Changes</translation>
+        </message>
+        <message>
+            <source>Do you want to save your changes of the settings in the device?</source>
+            <translation>Do you want to save your changes of the settings in the device?</translation>
+        </message>
+        <message>
+            <source>You are in metrology mode and really want to record changes to the settings in the device?</source>
+            <translation>You are in metrology mode and really want to record changes to the settings in the device?</translation>
+        </message>
+        <message>
+            <source>Write device configuration</source>
+            <translation>Write device configuration</translation>
+        </message>
+        <message>
+            <source>Fixed current setting</source>
+            <translation>Fixed current setting</translation>
+        </message>
+        <message>
+            <source>Current adjustment 4 mA</source>
+            <translation>Current adjustment 4 mA</translation>
+        </message>
+        <message>
+            <source>Current adjustment 20 mA</source>
+            <translation>Current adjustment 20 mA</translation>
+        </message>
+        <message>
+            <source>Manufacturer setting</source>
+            <translation>Manufacturer setting</translation>
+        </message>
+        <message>
+            <source>Do you really want to save current device settings as manufacturer setting?
+Previously saved device settings will be lost!</source>
+            <translation>Do you really want to save current device settings as manufacturer setting?
+Previously saved device settings will be lost!</translation>
+        </message>
+        <message>
+            <source>Do you really want to restore manufacturer settings ?
+All current device settings will be lost!</source>
+            <translation>Do you really want to restore manufacturer settings ?
+All current device settings will be lost!</translation>
+        </message>
+        <message>
+            <source>Manufacturer settings</source>
+            <translation>Manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Do you want to write current
+Primary Variable value=%1 %2
+as Upper Range Value ?</source>
+            <translation>Do you want to write current
+Primary Variable value=%1 %2
+as Upper Range Value ?</translation>
+        </message>
+        <message>
+            <source>Do you want to write current
+Primary Variable value=%1 %2
+as Lower Range Value ?</source>
+            <translation>Do you want to write current
+Primary Variable value=%1 %2
+as Lower Range Value ?</translation>
+        </message>
+        <message>
+            <source>Setting the conversion range</source>
+            <translation>Setting the conversion range</translation>
+        </message>
+        <message>
+            <source>Setting the high range limit</source>
+            <translation>Setting the high range limit</translation>
+        </message>
+        <message>
+            <source>Setting the lower range limit</source>
+            <translation>Setting the lower range limit</translation>
+        </message>
+        <message>
+            <source>Metrology access could not be closed: %1</source>
+            <translation>Metrology access could not be closed: %1</translation>
+        </message>
+    </context>
+    <context>
         <name>MainWindow</name>
         <message>
             <source>Objects</source>

@@ -2018,6 +2018,105 @@ Error (processing time: %1ms)</source>
     </message>
 </context>
 <context>
+    <name>MainDeviceWidget</name>
+    <message>
+        <source>Adjustment</source>
+        <translation>Подстройка</translation>
+    </message>
+    <message>
+        <source>You must first read the device configuration!</source>
+        <translation>Сначала прочитайте конфигурацию прибора!</translation>
+    </message>
+    <message>
+        <source>Write changes to device</source>
+        <translation>Запись изменений в прибор</translation>
+    </message>
+    <message>
+        <source>The device is write-protected!</source>
+        <translation>Устройство защищено от записи!</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>Изменения</translation>
+    </message>
+    <message>
+        <source>Do you want to save your changes of the settings in the device?</source>
+        <translation>Записать изменения настроек в прибор?</translation>
+    </message>
+    <message>
+        <source>You are in metrology mode and really want to record changes to the settings in the device?</source>
+        <translation>Вы в режиме метрологии. Действительно записать изменения настроек в прибор?</translation>
+    </message>
+    <message>
+        <source>Write device configuration</source>
+        <translation>Запись конфигурации прибора</translation>
+    </message>
+    <message>
+        <source>Fixed current setting</source>
+        <translation>Установка фиксированного тока</translation>
+    </message>
+    <message>
+        <source>Current adjustment 4 mA</source>
+        <translation>Подстройка тока 4 мА</translation>
+    </message>
+    <message>
+        <source>Current adjustment 20 mA</source>
+        <translation>Подстройка тока 20 мА</translation>
+    </message>
+    <message>
+        <source>Manufacturer setting</source>
+        <translation>Заводская настройка</translation>
+    </message>
+    <message>
+        <source>Do you really want to save current device settings as manufacturer setting?
+Previously saved device settings will be lost!</source>
+        <translation>Действительно сохранить текущие настройки прибора как заводские?
+Ранее сохранённые настройки будут потеряны!</translation>
+    </message>
+    <message>
+        <source>Do you really want to restore manufacturer settings ?
+All current device settings will be lost!</source>
+        <translation>Действительно восстановить заводские настройки?
+Все текущие настройки прибора будут потеряны!</translation>
+    </message>
+    <message>
+        <source>Manufacturer settings</source>
+        <translation>Заводские настройки</translation>
+    </message>
+    <message>
+        <source>Do you want to write current
+Primary Variable value=%1 %2
+as Upper Range Value ?</source>
+        <translation>Записать текущее
+значение первичной переменной=%1 %2
+как верхнюю границу диапазона?</translation>
+    </message>
+    <message>
+        <source>Do you want to write current
+Primary Variable value=%1 %2
+as Lower Range Value ?</source>
+        <translation>Записать текущее
+значение первичной переменной=%1 %2
+как нижнюю границу диапазона?</translation>
+    </message>
+    <message>
+        <source>Setting the conversion range</source>
+        <translation>Установка диапазона преобразования</translation>
+    </message>
+    <message>
+        <source>Setting the high range limit</source>
+        <translation>Установка верхней границы диапазона</translation>
+    </message>
+    <message>
+        <source>Setting the lower range limit</source>
+        <translation>Установка нижней границы диапазона</translation>
+    </message>
+    <message>
+        <source>Metrology access could not be closed: %1</source>
+        <translation>Не удалось закрыть доступ метролога: %1</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Objects</source>
