@@ -133,7 +133,8 @@ void TestMeasureWidget::viewEdgeRefused()
 void TestMeasureWidget::closingWhilePollingCompletesArchive()
 {
     QTemporaryDir dir;
-    MeasureWidget tab;
+    QScopedPointer<MeasureWidget> window(new MeasureWidget);
+    MeasureWidget& tab = *window;
     tab.onDeviceChanged(m_device);
     tab.onUpdateButtons(true);
     m_device->setDeviceInfo("archive_path_name", dir.path());
@@ -151,6 +152,7 @@ void TestMeasureWidget::closingWhilePollingCompletesArchive()
     const int readings = tab.readings()->rowCount();
     QVERIFY(!tab.isPolling());
     QVERIFY(!(m_device->deviceTagState() & Device::TagStatePolled));
+    window.reset(); // the program ends: what the writer still holds goes to the file
     QDirIterator files(dir.path(), {"*.csv"}, QDir::Files, QDirIterator::Subdirectories);
     QVERIFY(files.hasNext());
     QFile archive(files.next());
