@@ -28,6 +28,12 @@ const char* const tabCaptions[] = {
 
 const QColor modifiedColour = Qt::blue;
 
+// Bytes as a field shows them: "0x" and upper-case digits.
+QString hexText(const QVariant& value)
+{
+    return QStringLiteral("0x") + QString::fromLatin1(value.toByteArray().toHex().toUpper());
+}
+
 } // namespace
 
 DeviceWidget::DeviceWidget(QWidget* parent, Device* device) : QWidget(parent), m_device(device)
@@ -218,7 +224,7 @@ void DeviceWidget::showDeviceInfoInField(const QString& name, QWidget* field, bo
         // Each test stands on its own: a "uint" holds "int" too, and its
         // own call is the one that stays.
         if (typeName == QLatin1String("QByteArray"))
-            input->setText(QStringLiteral("0x") + QString::fromLatin1(value.toByteArray().toHex().toUpper()));
+            input->setText(hexText(value));
         if (typeName.contains(QLatin1String("int")))
             input->setIntValue(value.toInt());
         if (typeName.contains(QLatin1String("uint")))
@@ -236,7 +242,7 @@ void DeviceWidget::showDeviceInfoInField(const QString& name, QWidget* field, bo
     } else if (auto* edit = qobject_cast<QLineEdit*>(field)) {
         bindOnce([&]() { connect(edit, &QLineEdit::textChanged, this, &DeviceWidget::onTxtEditBoxTextChanged); });
         if (typeName == QLatin1String("QByteArray"))
-            edit->setText(QStringLiteral("0x") + QString::fromLatin1(value.toByteArray().toHex().toUpper()));
+            edit->setText(hexText(value));
         else if (typeName == QLatin1String("QString"))
             edit->setText(value.toString());
         edit->setCursorPosition(0); // a long text shows its start

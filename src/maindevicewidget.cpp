@@ -267,20 +267,23 @@ void MainDeviceWidget::adjustCurrent(const char* title, const char* key, int com
 
 void MainDeviceWidget::saveManufacturerSettings()
 {
-    if (QMessageBox::warning(this, tr("Manufacturer setting"),
-                             tr("Do you really want to save current device settings as manufacturer setting?\n"
-                                "Previously saved device settings will be lost!"),
-                             QMessageBox::Yes | QMessageBox::Cancel) == QMessageBox::Yes)
-        manufacturerSettings(1);
+    askManufacturerSettings(tr("Do you really want to save current device settings as manufacturer setting?\n"
+                               "Previously saved device settings will be lost!"),
+                            1);
 }
 
 void MainDeviceWidget::restoreManufacturerSettings()
 {
-    if (QMessageBox::warning(this, tr("Manufacturer setting"),
-                             tr("Do you really want to restore manufacturer settings ?\n"
-                                "All current device settings will be lost!"),
-                             QMessageBox::Yes | QMessageBox::Cancel) == QMessageBox::Yes)
-        manufacturerSettings(0);
+    askManufacturerSettings(tr("Do you really want to restore manufacturer settings ?\n"
+                               "All current device settings will be lost!"),
+                            0);
+}
+
+void MainDeviceWidget::askManufacturerSettings(const QString& question, int mode)
+{
+    if (QMessageBox::warning(this, tr("Manufacturer setting"), question, QMessageBox::Yes | QMessageBox::Cancel) ==
+        QMessageBox::Yes)
+        manufacturerSettings(mode);
 }
 
 void MainDeviceWidget::manufacturerSettings(int mode)

@@ -90,6 +90,8 @@ protected:
     // Builds the panels into the form, as every editor has them; the model's
     // own pages go between the first tab and the log.
     void composeEditor(const Composition& composition);
+    // The question of saving (mode 1) or restoring (0) the manufacturer settings.
+    void askManufacturerSettings(const QString& question, int mode);
     // One of saveRangeMinByPV and saveRangeMaxByPV.
     void saveRangeByPV(bool upper);
     // One of the 4 mA and 20 mA adjustments.

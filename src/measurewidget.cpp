@@ -6,6 +6,7 @@
 #include "device.h"
 #include "plotter.h"
 #include "port.h"
+#include "pvwidget.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -46,14 +47,6 @@ const char* const keyAutoSave = "auto_save_file";
 float rounded(const QVariant& value)
 {
     return QString::number(double(value.toFloat()), 'f', 2).toFloat();
-}
-
-void showOn(QLCDNumber* display, float value)
-{
-    if (std::isfinite(value))
-        display->display(double(value));
-    else
-        display->display(QStringLiteral("----"));
 }
 
 } // namespace
@@ -112,13 +105,12 @@ void MeasureWidget::initWidget()
 QList<ReadingsModel::Variable> MeasureWidget::shownVariables() const
 {
     // Known from the device until a reading says what it carries.
-    if (!m_shown.isEmpty() || !m_device)
-        return m_shown.value(0) == ReadingsModel::PV ? m_shown.mid(1) : m_shown;
+    if (m_shownFromReading || !m_device)
+        return m_shown;
     QList<ReadingsModel::Variable> shown;
     for (ReadingsModel::Variable variable : {ReadingsModel::SV, ReadingsModel::TV, ReadingsModel::QV}) {
-        const QString key = QLatin1String(ReadingsModel::variableKey(variable));
-        if (m_device->hasDeviceInfoParam(key + QStringLiteral("_unit_code")) &&
-            m_device->getDeviceInfoByte(key + QStringLiteral("_unit_code")) != 250)
+        const QString key = QLatin1String(ReadingsModel::variableKey(variable)) + QStringLiteral("_unit_code");
+        if (m_device->hasDeviceInfoParam(key) && m_device->getDeviceInfoByte(key) != 250)
             shown << variable;
     }
     return shown;
@@ -126,18 +118,18 @@ QList<ReadingsModel::Variable> MeasureWidget::shownVariables() const
 
 void MeasureWidget::takeColumnsFrom(const QVariantMap& reading)
 {
-    // PV stands first, so that a device of PV alone is known too.
-    QList<ReadingsModel::Variable> shown{ReadingsModel::PV};
+    QList<ReadingsModel::Variable> shown;
     for (ReadingsModel::Variable variable : {ReadingsModel::SV, ReadingsModel::TV, ReadingsModel::QV}) {
         if (reading.contains(QLatin1String(ReadingsModel::variableKey(variable))))
             shown << variable;
     }
     const QString unit = reading.value(QStringLiteral("PVUnitCodeText")).toString();
-    if (shown == m_shown && unit == m_pvUnit)
+    if (m_shownFromReading && shown == m_shown && unit == m_pvUnit)
         return;
+    m_shownFromReading = true;
     m_shown = shown;
     m_pvUnit = unit;
-    m_model.setColumns(unit, shownVariables());
+    m_model.setColumns(unit, m_shown);
     showVariables();
     ui->tblReadings->resizeColumnsToContents();
 }
@@ -177,6 +169,7 @@ void MeasureWidget::onDeviceChanged(Device* device)
     setPolling(false);
     m_device = device;
     m_shown.clear();
+    m_shownFromReading = false;
     m_pvUnit.clear();
     if (!device)
         return;
@@ -309,10 +302,9 @@ void MeasureWidget::showPeriodResponsePV(const QVariantMap& values)
     if (!failed)
         takeColumnsFrom(reading);
     m_model.append(reading);
-    m_count = m_model.rowCount();
     if (ui->chkScroll->isChecked())
         ui->tblReadings->scrollToBottom();
-    if (m_count == 1)
+    if (m_model.rowCount() == 1)
         ui->tblReadings->resizeColumnsToContents();
 
     const QDateTime time = values.value(QStringLiteral("DateTime")).toDateTime();
@@ -331,10 +323,10 @@ void MeasureWidget::showPeriodResponsePV(const QVariantMap& values)
         for (const auto& row : shown) {
             if (!reading.contains(QLatin1String(row.key)))
                 continue;
-            showOn(row.display, reading.value(QLatin1String(row.key)).toFloat());
+            PVWidget::showValue(row.display, reading.value(QLatin1String(row.key)).toFloat());
             row.unit->setText(reading.value(QLatin1String(row.unitKey)).toString());
         }
-        showOn(ui->lcdCurrent, reading.value(QStringLiteral("output_current")).toFloat());
+        PVWidget::showValue(ui->lcdCurrent, reading.value(QStringLiteral("output_current")).toFloat());
         const unsigned int seconds = unsigned(time.toSecsSinceEpoch());
         const QCheckBox* checks[] = {ui->chkPV, ui->chkSV, ui->chkTV, ui->chkQV};
         for (int curve = 0; curve < 4; ++curve) {
@@ -520,7 +512,6 @@ void MeasureWidget::on_btnClear_clicked()
                              QMessageBox::Yes | QMessageBox::Cancel) != QMessageBox::Yes)
         return;
     m_model.clear();
-    m_count = 0;
     ui->plotter->clearCurves();
     m_hasPlotPoint = false;
 }

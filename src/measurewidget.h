@@ -93,11 +93,11 @@ private:
     ReadingsModel m_model;
     QPointer<Device> m_device;
     int m_rowLimit = 300000;
-    int m_count = 0; // readings shown in the table
     bool m_polling = false;
     bool m_archiving = false;
     bool m_hasPlotPoint = false;
-    QList<ReadingsModel::Variable> m_shown; // PV and what the last reading carried
+    QList<ReadingsModel::Variable> m_shown; // of SV, TV and QV, what the last reading carried
+    bool m_shownFromReading = false;
     QString m_pvUnit;
 };
 

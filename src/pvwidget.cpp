@@ -12,9 +12,9 @@ namespace {
 
 const int UnitNotUsed = 250;
 
-// Every value of the panel is shown rounded to two decimals; a value the
-// instrument marks as not available (NaN) as dashes.
-void showValue(QLCDNumber* display, double value)
+} // namespace
+
+void PVWidget::showValue(QLCDNumber* display, double value)
 {
     if (std::isfinite(value))
         display->display(QString::number(value, 'f', 2).toDouble());
@@ -22,18 +22,15 @@ void showValue(QLCDNumber* display, double value)
         display->display(QStringLiteral("----"));
 }
 
-} // namespace
-
 PVWidget::PVWidget(DeviceWidget* owner, int variableCount, bool showAdditionalStatus)
     : DeviceWidget(owner), ui(new Ui::PVWidget)
 {
     ui->setupUi(this);
     const bool shown[] = {variableCount > 1, variableCount > 2, variableCount == 4};
-    const QList<QList<QWidget*>> variables = {{ui->lcdSVValue, ui->lbSVUnit, ui->lbSVTitle},
-                                              {ui->lcdTVValue, ui->lbTVUnit, ui->lbTVTitle},
-                                              {ui->lcdQVValue, ui->lbQVUnit, ui->lbQVTitle}};
-    for (int i = 0; i < variables.size(); ++i) {
-        for (QWidget* widget : variables.at(i))
+    const QList<Variable> all = variables();
+    for (int i = 0; i < all.size(); ++i) {
+        for (QWidget* widget : {static_cast<QWidget*>(all.at(i).display), static_cast<QWidget*>(all.at(i).unit),
+                                static_cast<QWidget*>(all.at(i).title)})
             widget->setVisible(shown[i]);
     }
     ui->chkAdditionalStatus->setVisible(showAdditionalStatus);
@@ -94,25 +91,27 @@ void PVWidget::onInitProgressBar(const QString& title, int max)
     m_shownStatusLines.clear();
 }
 
-bool PVWidget::showVariable(const QString& name, QLCDNumber* display, QLabel* unit, QLabel* title)
+QList<PVWidget::Variable> PVWidget::variables() const
 {
+    return {{"SV", ui->lcdSVValue, ui->lbSVUnit, ui->lbSVTitle, &Device::getSVUnitCodeText},
+            {"TV", ui->lcdTVValue, ui->lbTVUnit, ui->lbTVTitle, &Device::getTVUnitCodeText},
+            {"QV", ui->lcdQVValue, ui->lbQVUnit, ui->lbQVTitle, &Device::getQVUnitCodeText}};
+}
+
+bool PVWidget::showVariable(const Variable& variable)
+{
+    const QString name = QLatin1String(variable.name);
     const QString key = name + QStringLiteral("_unit_code");
     bool shown = false;
     if (m_device->hasDeviceInfoParam(key)) {
-        const int code = m_device->getDeviceInfoByte(key);
-        shown = code != UnitNotUsed;
-        if (name == QLatin1String("SV"))
-            unit->setText(shown ? m_device->getSVUnitCodeText() : tr("not used"));
-        else if (name == QLatin1String("TV"))
-            unit->setText(shown ? m_device->getTVUnitCodeText() : tr("not used"));
-        else
-            unit->setText(shown ? m_device->getQVUnitCodeText() : tr("not used"));
+        shown = m_device->getDeviceInfoByte(key) != UnitNotUsed;
+        variable.unit->setText(shown ? (m_device->*variable.unitText)() : tr("not used"));
     }
-    display->setVisible(shown);
-    unit->setVisible(shown);
-    title->setVisible(shown);
+    for (QWidget* widget : {static_cast<QWidget*>(variable.display), static_cast<QWidget*>(variable.unit),
+                            static_cast<QWidget*>(variable.title)})
+        widget->setVisible(shown);
     if (shown)
-        showValue(display, m_device->getDeviceInfoFloat(name));
+        showValue(variable.display, m_device->getDeviceInfoFloat(name));
     return shown;
 }
 
@@ -136,9 +135,8 @@ bool PVWidget::readPrimaryVariable(bool standalone)
     }
     showValue(ui->lcdPVValue, m_device->getDeviceInfoFloat(QStringLiteral("PV")));
     ui->lbPVUnit->setText(m_device->getPVUnitCodeText());
-    showVariable(QStringLiteral("SV"), ui->lcdSVValue, ui->lbSVUnit, ui->lbSVTitle);
-    showVariable(QStringLiteral("TV"), ui->lcdTVValue, ui->lbTVUnit, ui->lbTVTitle);
-    showVariable(QStringLiteral("QV"), ui->lcdQVValue, ui->lbQVUnit, ui->lbQVTitle);
+    for (const Variable& variable : variables())
+        showVariable(variable);
 
     const QByteArray status = m_device->statusBytes();
     if (status.size() > 1 && (quint8(status.at(1)) & 0x80))
@@ -245,17 +243,7 @@ void PVWidget::showPeriodResponsePV(const QVariantMap& values)
     if (values.contains(QStringLiteral("output_current")))
         ui->txtOutputCurrent->setText(
             QString::number(values.value(QStringLiteral("output_current")).toDouble(), 'f', 2));
-    struct Variable
-    {
-        const char* name;
-        QLCDNumber* display;
-        QLabel* unit;
-        QString (Device::*unitText)();
-    };
-    const Variable variables[] = {{"SV", ui->lcdSVValue, ui->lbSVUnit, &Device::getSVUnitCodeText},
-                                  {"TV", ui->lcdTVValue, ui->lbTVUnit, &Device::getTVUnitCodeText},
-                                  {"QV", ui->lcdQVValue, ui->lbQVUnit, &Device::getQVUnitCodeText}};
-    for (const Variable& variable : variables) {
+    for (const Variable& variable : variables()) {
         if (!values.contains(QLatin1String(variable.name)))
             continue;
         showValue(variable.display, m_device->getDeviceInfoFloat(QLatin1String(variable.name)));

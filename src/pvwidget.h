@@ -30,6 +30,9 @@ public:
     bool readOutputCurrent();
     void appendCurrentLoopMode(bool refresh);
     QString statusLines() const;
+    // A value on a display, rounded to two decimals; dashes for a value the
+    // instrument marks as not available (NaN).
+    static void showValue(QLCDNumber* display, double value);
 
 public slots:
     void onDeviceChanged(Device* device);
@@ -47,8 +50,18 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    struct Variable
+    {
+        const char* name;
+        QLCDNumber* display;
+        QLabel* unit;
+        QLabel* title;
+        QString (Device::*unitText)();
+    };
+    // SV, TV and QV with their widgets.
+    QList<Variable> variables() const;
     // Shows one of SV, TV, QV by its unit code; false when it is hidden.
-    bool showVariable(const QString& name, QLCDNumber* display, QLabel* unit, QLabel* title);
+    bool showVariable(const Variable& variable);
 
     Ui::PVWidget* ui;
     QSet<QString> m_shownStatusLines;
