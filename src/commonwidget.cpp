@@ -12,11 +12,6 @@
 
 namespace {
 
-QString twoHexDigits(int value)
-{
-    return QStringLiteral("%1").arg(value & 0xFF, 2, 16, QLatin1Char('0')).toUpper();
-}
-
 QString hexOf(const QVariant& value)
 {
     return QString::fromLatin1(value.toByteArray().toHex().toUpper());

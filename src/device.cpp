@@ -72,11 +72,6 @@ QString hexBytes(const QByteArray& bytes)
     return QString::fromLatin1(bytes.toHex(' ').toUpper());
 }
 
-QString twoHexDigits(int value)
-{
-    return QStringLiteral("%1").arg(value & 0xFF, 2, 16, QLatin1Char('0')).toUpper();
-}
-
 // The parameters that are byte arrays in memory; the file keeps them as
 // text of "0xHHh" groups.
 const QStringList& byteArrayKeys()

@@ -129,6 +129,11 @@ QString byteBufferToString(const char* data, int size)
     return QString::fromLatin1(QByteArray(data, size).toHex(' '));
 }
 
+QString twoHexDigits(int value)
+{
+    return QStringLiteral("%1").arg(value & 0xFF, 2, 16, QLatin1Char('0')).toUpper();
+}
+
 QString byteBufferToString16(const char* data, int size)
 {
     QStringList bytes;

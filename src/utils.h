@@ -29,6 +29,8 @@ QString searchHelpFile(const QString& name);
 QString byteBufferToString(const char* data, int size);
 // "0x0Ah 0xFFh": the form device files keep bytes in; stringToByteArray reads it back.
 QString byteBufferToString16(const char* data, int size);
+// The low byte of value as two upper-case hexadecimal digits: "0A".
+QString twoHexDigits(int value);
 QByteArray stringToByteArray(const QString& text);
 // count bits from bit offset of a little-endian word at data; bit 0 is the lowest bit of data[0].
 unsigned int extract_bits(unsigned char* data, int offset, int count);
