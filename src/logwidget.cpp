@@ -51,7 +51,10 @@ void LogWidget::appendLogMessage(int addr, const QString& msg)
     if (text.indexOf(ContinuationMark) > 0)
         text.replace(ContinuationMark, QLatin1Char('\n') + ContinuationMark);
     ui->txtLog->appendPlainText(text);
+    // The last line, seen from its start: a long frame does not scroll the
+    // view sideways.
     ui->txtLog->moveCursor(QTextCursor::End);
+    ui->txtLog->moveCursor(QTextCursor::StartOfLine);
 }
 
 void LogWidget::on_btnClear_clicked()

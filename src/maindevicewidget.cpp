@@ -334,17 +334,24 @@ void MainDeviceWidget::saveRangeByPV(bool upper)
     showFinalMessage(0);
 }
 
-bool MainDeviceWidget::completeAdjust()
+bool MainDeviceWidget::sendAccessCode(quint32 code)
 {
-    if (!m_device)
+    // A refused code ends the transaction with the device's answer in a box
+    // under the transaction's title.
+    if (!m_device || !initProgressBar(tr("Adjustment"), 1))
         return false;
     Device* device = m_device;
-    const bool closed = runExchange([device]() { return device->sendAdjustCode(0); });
-    if (!closed) {
-        QMessageBox::warning(this, tr("Adjustment"),
-                             tr("Metrology access could not be closed: %1").arg(m_device->errorText()));
+    const bool ok = runExchange([device, code]() { return device->sendAdjustCode(code); });
+    if (ok)
+        nextStep();
+    showFinalMessage(0);
+    return ok;
+}
+
+bool MainDeviceWidget::completeAdjust()
+{
+    if (!sendAccessCode(0))
         return false;
-    }
     const AdjustMode previous = m_adjustMode;
     m_adjustMode = NoAdjust;
     return previous == Current ? setFixedCurrent(0) : true;

@@ -56,6 +56,10 @@ public:
     void manufacturerSettings(int mode);
     void saveRangeMinByPV();
     void saveRangeMaxByPV();
+    // Command 190: opens metrology access with the code the user gave, or
+    // closes it with 0. A refused code is said in a box titled "Adjustment"
+    // and the caller stays where it is.
+    bool sendAccessCode(quint32 code);
     // Ends the adjustment under way and closes metrology access.
     bool completeAdjust();
     AdjustMode adjustMode() const { return m_adjustMode; }

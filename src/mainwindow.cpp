@@ -15,6 +15,7 @@
 #include "server.h"
 #include "serveritem.h"
 #include "settingsdialog.h"
+#include "tcv2widget.h"
 #include "testdevicedialog.h"
 #include "ui_mainwindow.h"
 
@@ -668,11 +669,13 @@ QTreeWidgetItem* MainWindow::addDeviceInTree(Port* port, Device* device, bool se
 
 QWidget* MainWindow::createDeviceEditor(Device* device)
 {
-    // The editors of the models ("TCV-C" and "DX-C", "QP-1C", "pH-7702") and
-    // of any other device ("General" and the rest) are chosen here by
-    // device->deviceTemplateName(); until they exist, every device gets the
-    // plain editor.
-    auto* page = new PlainDeviceWidget;
+    // Each model has its editor; the others get the plain one.
+    const QString model = device->deviceTemplateName();
+    MainDeviceWidget* page = nullptr;
+    if (model == QLatin1String("TCV-C") || model == QLatin1String("DX-C"))
+        page = new TCV2Widget;
+    else
+        page = new PlainDeviceWidget;
     page->setItem(device);
     connect(page, &DeviceWidget::changed, this, &MainWindow::onChanged);
     connect(this, &MainWindow::closeApplication, page, &MainDeviceWidget::closeApplication);

@@ -590,6 +590,7 @@ void MeasureWidget::onFileThreadError(const QString& errorString)
     if (m_device)
         m_device->setDeviceTagState(m_device->deviceTagState() & ~Device::TagStateArchived);
     ui->lbArchiveFile->setText(errorString);
+    ui->lbArchiveFile->setToolTip(errorString);
     QMessageBox::critical(this, tr("Archive"), errorString);
 }
 

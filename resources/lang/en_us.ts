@@ -2111,10 +2111,6 @@ as Lower Range Value ?</translation>
             <source>Setting the lower range limit</source>
             <translation>Setting the lower range limit</translation>
         </message>
-        <message>
-            <source>Metrology access could not be closed: %1</source>
-            <translation>Metrology access could not be closed: %1</translation>
-        </message>
     </context>
     <context>
         <name>MainWindow</name>
@@ -3177,6 +3173,551 @@ the transaction</translation>
         <message>
             <source>manufacturer settings</source>
             <translation>manufacturer settings</translation>
+        </message>
+    </context>
+    <context>
+        <name>TCV2Widget</name>
+        <message>
+            <source>Temperature converter</source>
+            <translation>Temperature converter</translation>
+        </message>
+        <message>
+            <source>Current state</source>
+            <translation>Current state</translation>
+        </message>
+        <message>
+            <source>Input</source>
+            <translation>Input</translation>
+        </message>
+        <message>
+            <source>Input signal</source>
+            <translation>Input signal</translation>
+        </message>
+        <message>
+            <source>Input signal type</source>
+            <translation>Input signal type</translation>
+        </message>
+        <message>
+            <source>What the converter measures (command 151)</source>
+            <translation>What the converter measures (command 151)</translation>
+        </message>
+        <message>
+            <source>Sensor type</source>
+            <translation>Sensor type</translation>
+        </message>
+        <message>
+            <source>Sensor type (command 152)</source>
+            <translation>Sensor type (command 152)</translation>
+        </message>
+        <message>
+            <source>Sensor serial number</source>
+            <translation>Sensor serial number</translation>
+        </message>
+        <message>
+            <source>Serial number of the sensor (command 49)</source>
+            <translation>Serial number of the sensor (command 49)</translation>
+        </message>
+        <message>
+            <source>Decimal point</source>
+            <translation>Decimal point</translation>
+        </message>
+        <message>
+            <source>Digits after the point on the indicator (command 133)</source>
+            <translation>Digits after the point on the indicator (command 133)</translation>
+        </message>
+        <message>
+            <source>Averaging count</source>
+            <translation>Averaging count</translation>
+        </message>
+        <message>
+            <source>Measurements averaged into one value (command 134)</source>
+            <translation>Measurements averaged into one value (command 134)</translation>
+        </message>
+        <message>
+            <source>Connection schema</source>
+            <translation>Connection schema</translation>
+        </message>
+        <message>
+            <source>Resistance at 0 °C, Ohm</source>
+            <translation>Resistance at 0 °C, Ohm</translation>
+        </message>
+        <message>
+            <source>Nominal resistance of the thermometer at 0 °C (command 156)</source>
+            <translation>Nominal resistance of the thermometer at 0 °C (command 156)</translation>
+        </message>
+        <message>
+            <source>Resistance of the connecting wires, Ohm</source>
+            <translation>Resistance of the connecting wires, Ohm</translation>
+        </message>
+        <message>
+            <source>Resistance of the wires to the thermometer (command 158)</source>
+            <translation>Resistance of the wires to the thermometer (command 158)</translation>
+        </message>
+        <message>
+            <source>Compensation of the free ends</source>
+            <translation>Compensation of the free ends</translation>
+        </message>
+        <message>
+            <source>The sensor of the free ends of the thermocouple needs no further settings.</source>
+            <translation>The sensor of the free ends of the thermocouple needs no further settings.</translation>
+        </message>
+        <message>
+            <source>2-point correction</source>
+            <translation>2-point correction</translation>
+        </message>
+        <message>
+            <source>Correction point 1, °C</source>
+            <translation>Correction point 1, °C</translation>
+        </message>
+        <message>
+            <source>Correction point 2, °C</source>
+            <translation>Correction point 2, °C</translation>
+        </message>
+        <message>
+            <source>Begin correction</source>
+            <translation>Begin correction</translation>
+        </message>
+        <message>
+            <source>Correct the resistance thermometer at two temperatures</source>
+            <translation>Correct the resistance thermometer at two temperatures</translation>
+        </message>
+        <message>
+            <source>Put the thermometer at the temperature of point 1 and wait until the primary variable is steady. Then enter the temperature of the point and write it. Point 2 follows the same way.</source>
+            <translation>Put the thermometer at the temperature of point 1 and wait until the primary variable is steady. Then enter the temperature of the point and write it. Point 2 follows the same way.</translation>
+        </message>
+        <message>
+            <source>Start</source>
+            <translation>Start</translation>
+        </message>
+        <message>
+            <source>Temperature of point 1, °C</source>
+            <translation>Temperature of point 1, °C</translation>
+        </message>
+        <message>
+            <source>Write point 1</source>
+            <translation>Write point 1</translation>
+        </message>
+        <message>
+            <source>Read the primary variable and write the point (command 143)</source>
+            <translation>Read the primary variable and write the point (command 143)</translation>
+        </message>
+        <message>
+            <source>Temperature of point 2, °C</source>
+            <translation>Temperature of point 2, °C</translation>
+        </message>
+        <message>
+            <source>Write point 2</source>
+            <translation>Write point 2</translation>
+        </message>
+        <message>
+            <source>Read the primary variable and write the point (command 144)</source>
+            <translation>Read the primary variable and write the point (command 144)</translation>
+        </message>
+        <message>
+            <source>Cancel correction</source>
+            <translation>Cancel correction</translation>
+        </message>
+        <message>
+            <source>Range</source>
+            <translation>Range</translation>
+        </message>
+        <message>
+            <source>Sensor limits</source>
+            <translation>Sensor limits</translation>
+        </message>
+        <message>
+            <source>Lower sensor limit</source>
+            <translation>Lower sensor limit</translation>
+        </message>
+        <message>
+            <source>Upper sensor limit</source>
+            <translation>Upper sensor limit</translation>
+        </message>
+        <message>
+            <source>Minimum span</source>
+            <translation>Minimum span</translation>
+        </message>
+        <message>
+            <source>Conversion range</source>
+            <translation>Conversion range</translation>
+        </message>
+        <message>
+            <source>Lower range value</source>
+            <translation>Lower range value</translation>
+        </message>
+        <message>
+            <source>The value at 4 mA (command 35)</source>
+            <translation>The value at 4 mA (command 35)</translation>
+        </message>
+        <message>
+            <source>Take from PV</source>
+            <translation>Take from PV</translation>
+        </message>
+        <message>
+            <source>Make the present primary variable the lower range value (command 37)</source>
+            <translation>Make the present primary variable the lower range value (command 37)</translation>
+        </message>
+        <message>
+            <source>Upper range value</source>
+            <translation>Upper range value</translation>
+        </message>
+        <message>
+            <source>The value at 20 mA (command 35)</source>
+            <translation>The value at 20 mA (command 35)</translation>
+        </message>
+        <message>
+            <source>Make the present primary variable the upper range value (command 36)</source>
+            <translation>Make the present primary variable the upper range value (command 36)</translation>
+        </message>
+        <message>
+            <source>Fixed output current</source>
+            <translation>Fixed output current</translation>
+        </message>
+        <message>
+            <source>Current, mA</source>
+            <translation>Current, mA</translation>
+        </message>
+        <message>
+            <source>The loop current to hold (command 40)</source>
+            <translation>The loop current to hold (command 40)</translation>
+        </message>
+        <message>
+            <source>Set</source>
+            <translation>Set</translation>
+        </message>
+        <message>
+            <source>Reset</source>
+            <translation>Reset</translation>
+        </message>
+        <message>
+            <source>End the fixed current mode</source>
+            <translation>End the fixed current mode</translation>
+        </message>
+        <message>
+            <source>Manufacturer settings</source>
+            <translation>Manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Save as manufacturer settings</source>
+            <translation>Save as manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Keep the present settings of the device as its manufacturer settings</source>
+            <translation>Keep the present settings of the device as its manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Restore manufacturer settings</source>
+            <translation>Restore manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Bring the device back to its manufacturer settings</source>
+            <translation>Bring the device back to its manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Adjustment</source>
+            <translation>Adjustment</translation>
+        </message>
+        <message>
+            <source>Choose what to adjust. Each adjustment needs the metrology access code of the device.</source>
+            <translation>Choose what to adjust. Each adjustment needs the metrology access code of the device.</translation>
+        </message>
+        <message>
+            <source>Output current 4-20 mA</source>
+            <translation>Output current 4-20 mA</translation>
+        </message>
+        <message>
+            <source>Resistance input</source>
+            <translation>Resistance input</translation>
+        </message>
+        <message>
+            <source>Voltage input (thermocouple)</source>
+            <translation>Voltage input (thermocouple)</translation>
+        </message>
+        <message>
+            <source>Temperature of the free ends</source>
+            <translation>Temperature of the free ends</translation>
+        </message>
+        <message>
+            <source>Metrology access code</source>
+            <translation>Metrology access code</translation>
+        </message>
+        <message>
+            <source>The code that opens the adjustment of the device (command 190)</source>
+            <translation>The code that opens the adjustment of the device (command 190)</translation>
+        </message>
+        <message>
+            <source>Open access</source>
+            <translation>Open access</translation>
+        </message>
+        <message>
+            <source>Cancel</source>
+            <translation>Cancel</translation>
+        </message>
+        <message>
+            <source>Set the current, measure it with a reference meter, enter the measured value and adjust.</source>
+            <translation>Set the current, measure it with a reference meter, enter the measured value and adjust.</translation>
+        </message>
+        <message>
+            <source>Set 4 mA</source>
+            <translation>Set 4 mA</translation>
+        </message>
+        <message>
+            <source>mA</source>
+            <translation>mA</translation>
+        </message>
+        <message>
+            <source>Adjust 4 mA</source>
+            <translation>Adjust 4 mA</translation>
+        </message>
+        <message>
+            <source>Write the measured current (command 45)</source>
+            <translation>Write the measured current (command 45)</translation>
+        </message>
+        <message>
+            <source>Set 20 mA</source>
+            <translation>Set 20 mA</translation>
+        </message>
+        <message>
+            <source>Adjust 20 mA</source>
+            <translation>Adjust 20 mA</translation>
+        </message>
+        <message>
+            <source>Write the measured current (command 46)</source>
+            <translation>Write the measured current (command 46)</translation>
+        </message>
+        <message>
+            <source>Complete adjustment</source>
+            <translation>Complete adjustment</translation>
+        </message>
+        <message>
+            <source>Release the current, close metrology access and leave the adjustment</source>
+            <translation>Release the current, close metrology access and leave the adjustment</translation>
+        </message>
+        <message>
+            <source>Apply the reference voltage to the input. Read what the device measures, enter the reference value and adjust.</source>
+            <translation>Apply the reference voltage to the input. Read what the device measures, enter the reference value and adjust.</translation>
+        </message>
+        <message>
+            <source>Read from device</source>
+            <translation>Read from device</translation>
+        </message>
+        <message>
+            <source>What the device measures now (command 174)</source>
+            <translation>What the device measures now (command 174)</translation>
+        </message>
+        <message>
+            <source>mV</source>
+            <translation>mV</translation>
+        </message>
+        <message>
+            <source>Adjust</source>
+            <translation>Adjust</translation>
+        </message>
+        <message>
+            <source>Write the reference value (command 171)</source>
+            <translation>Write the reference value (command 171)</translation>
+        </message>
+        <message>
+            <source>Close metrology access and leave the adjustment</source>
+            <translation>Close metrology access and leave the adjustment</translation>
+        </message>
+        <message>
+            <source>Apply the reference resistance to the input. Read what the device measures, enter the reference value and adjust.</source>
+            <translation>Apply the reference resistance to the input. Read what the device measures, enter the reference value and adjust.</translation>
+        </message>
+        <message>
+            <source>Ohm</source>
+            <translation>Ohm</translation>
+        </message>
+        <message>
+            <source>Write the reference value (command 172)</source>
+            <translation>Write the reference value (command 172)</translation>
+        </message>
+        <message>
+            <source>Apply the reference temperature to the input. Read what the device measures, enter the reference value and adjust.</source>
+            <translation>Apply the reference temperature to the input. Read what the device measures, enter the reference value and adjust.</translation>
+        </message>
+        <message>
+            <source>°C</source>
+            <translation>°C</translation>
+        </message>
+        <message>
+            <source>Write the reference value (command 173)</source>
+            <translation>Write the reference value (command 173)</translation>
+        </message>
+        <message>
+            <source>Read configuration</source>
+            <translation>Read configuration</translation>
+        </message>
+        <message>
+            <source>Read the input, the range and the sensor limits from the device</source>
+            <translation>Read the input, the range and the sensor limits from the device</translation>
+        </message>
+        <message>
+            <source>Write configuration</source>
+            <translation>Write configuration</translation>
+        </message>
+        <message>
+            <source>Write the changed (blue) settings into the device</source>
+            <translation>Write the changed (blue) settings into the device</translation>
+        </message>
+        <message>
+            <source>A double click hides the prompt</source>
+            <translation>A double click hides the prompt</translation>
+        </message>
+        <message>
+            <source>It is necessary to set the device to work with a resistance thermometer</source>
+            <translation>It is necessary to set the device to work with a resistance thermometer</translation>
+        </message>
+        <message>
+            <source>It is necessary to set the device to work with a thermocouple</source>
+            <translation>It is necessary to set the device to work with a thermocouple</translation>
+        </message>
+        <message>
+            <source>It is necessary to set the device to work with sensor of free ends of the thermocouple</source>
+            <translation>It is necessary to set the device to work with sensor of free ends of the thermocouple</translation>
+        </message>
+        <message>
+            <source>The device needs to change
+the position of the jumper</source>
+            <translation>The device needs to change
+the position of the jumper</translation>
+        </message>
+        <message>
+            <source>Thermistor</source>
+            <translation>Thermistor</translation>
+        </message>
+        <message>
+            <source>Thermocouple</source>
+            <translation>Thermocouple</translation>
+        </message>
+        <message>
+            <source>Sensor T free ends of the thermocouple</source>
+            <translation>Sensor T free ends of the thermocouple</translation>
+        </message>
+        <message>
+            <source>A-1 (TBP)</source>
+            <translation>A-1 (TBP)</translation>
+        </message>
+        <message>
+            <source>A-2 (TBP)</source>
+            <translation>A-2 (TBP)</translation>
+        </message>
+        <message>
+            <source>A-3 (TBP)</source>
+            <translation>A-3 (TBP)</translation>
+        </message>
+        <message>
+            <source>B (TPR)</source>
+            <translation>B (TPR)</translation>
+        </message>
+        <message>
+            <source>E (TXK)</source>
+            <translation>E (TXK)</translation>
+        </message>
+        <message>
+            <source>J (TJK)</source>
+            <translation>J (TJK)</translation>
+        </message>
+        <message>
+            <source>K (TXA)</source>
+            <translation>K (TXA)</translation>
+        </message>
+        <message>
+            <source>L (TXK)</source>
+            <translation>L (TXK)</translation>
+        </message>
+        <message>
+            <source>M (TMK)</source>
+            <translation>M (TMK)</translation>
+        </message>
+        <message>
+            <source>N (THH)</source>
+            <translation>N (THH)</translation>
+        </message>
+        <message>
+            <source>R (TPP)</source>
+            <translation>R (TPP)</translation>
+        </message>
+        <message>
+            <source>S (TPP)</source>
+            <translation>S (TPP)</translation>
+        </message>
+        <message>
+            <source>T (TMK)</source>
+            <translation>T (TMK)</translation>
+        </message>
+        <message>
+            <source>Pt  (TCP)</source>
+            <translation>Pt  (TCP)</translation>
+        </message>
+        <message>
+            <source>Pt' (TCP)</source>
+            <translation>Pt' (TCP)</translation>
+        </message>
+        <message>
+            <source>Cu  (TCM)</source>
+            <translation>Cu  (TCM)</translation>
+        </message>
+        <message>
+            <source>Cu' (TCM)</source>
+            <translation>Cu' (TCM)</translation>
+        </message>
+        <message>
+            <source>Ni (TCH)</source>
+            <translation>Ni (TCH)</translation>
+        </message>
+        <message>
+            <source>2 or 4 wire's</source>
+            <translation>2 or 4 wire's</translation>
+        </message>
+        <message>
+            <source>3 wire's</source>
+            <translation>3 wire's</translation>
+        </message>
+        <message>
+            <source>off</source>
+            <translation>off</translation>
+        </message>
+        <message>
+            <source>on</source>
+            <translation>on</translation>
+        </message>
+        <message>
+            <source>write protection is enabled</source>
+            <translation>write protection is enabled</translation>
+        </message>
+        <message>
+            <source>Read device configuration</source>
+            <translation>Read device configuration</translation>
+        </message>
+        <message>
+            <source>Primary Variable value = %1
+ Do you want to write correction point 1 = %2?</source>
+            <translation>Primary Variable value = %1
+ Do you want to write correction point 1 = %2?</translation>
+        </message>
+        <message>
+            <source>Primary Variable value = %1
+ Do you want to write correction point 2 = %2?</source>
+            <translation>Primary Variable value = %1
+ Do you want to write correction point 2 = %2?</translation>
+        </message>
+        <message>
+            <source>Write correction point 1</source>
+            <translation>Write correction point 1</translation>
+        </message>
+        <message>
+            <source>Program settings do not match the settings of the device! [%1/%2]</source>
+            <translation>Program settings do not match the settings of the device! [%1/%2]</translation>
+        </message>
+        <message>
+            <source>Reading metrological parameters</source>
+            <translation>Reading metrological parameters</translation>
+        </message>
+        <message>
+            <source>Saving metrological parameters</source>
+            <translation>Saving metrological parameters</translation>
         </message>
     </context>
     <context>

@@ -2111,10 +2111,6 @@ as Lower Range Value ?</source>
         <source>Setting the lower range limit</source>
         <translation>Установка нижней границы диапазона</translation>
     </message>
-    <message>
-        <source>Metrology access could not be closed: %1</source>
-        <translation>Не удалось закрыть доступ метролога: %1</translation>
-    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -3177,6 +3173,551 @@ the transaction</source>
     <message>
         <source>manufacturer settings</source>
         <translation>настройки производителя</translation>
+    </message>
+</context>
+<context>
+    <name>TCV2Widget</name>
+    <message>
+        <source>Temperature converter</source>
+        <translation>Преобразователь температуры</translation>
+    </message>
+    <message>
+        <source>Current state</source>
+        <translation>Текущее состояние</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Вход</translation>
+    </message>
+    <message>
+        <source>Input signal</source>
+        <translation>Входной сигнал</translation>
+    </message>
+    <message>
+        <source>Input signal type</source>
+        <translation>Тип входного сигнала</translation>
+    </message>
+    <message>
+        <source>What the converter measures (command 151)</source>
+        <translation>Что измеряет преобразователь (команда 151)</translation>
+    </message>
+    <message>
+        <source>Sensor type</source>
+        <translation>Тип датчика</translation>
+    </message>
+    <message>
+        <source>Sensor type (command 152)</source>
+        <translation>Тип датчика (команда 152)</translation>
+    </message>
+    <message>
+        <source>Sensor serial number</source>
+        <translation>Заводской номер датчика</translation>
+    </message>
+    <message>
+        <source>Serial number of the sensor (command 49)</source>
+        <translation>Заводской номер датчика (команда 49)</translation>
+    </message>
+    <message>
+        <source>Decimal point</source>
+        <translation>Десятичная точка</translation>
+    </message>
+    <message>
+        <source>Digits after the point on the indicator (command 133)</source>
+        <translation>Знаков после точки на индикаторе (команда 133)</translation>
+    </message>
+    <message>
+        <source>Averaging count</source>
+        <translation>Число усреднений</translation>
+    </message>
+    <message>
+        <source>Measurements averaged into one value (command 134)</source>
+        <translation>Сколько измерений усредняются в одно значение (команда 134)</translation>
+    </message>
+    <message>
+        <source>Connection schema</source>
+        <translation>Схема подключения</translation>
+    </message>
+    <message>
+        <source>Resistance at 0 °C, Ohm</source>
+        <translation>Сопротивление при 0 °C, Ом</translation>
+    </message>
+    <message>
+        <source>Nominal resistance of the thermometer at 0 °C (command 156)</source>
+        <translation>Номинальное сопротивление термометра при 0 °C (команда 156)</translation>
+    </message>
+    <message>
+        <source>Resistance of the connecting wires, Ohm</source>
+        <translation>Сопротивление соединительных проводов, Ом</translation>
+    </message>
+    <message>
+        <source>Resistance of the wires to the thermometer (command 158)</source>
+        <translation>Сопротивление проводов до термометра (команда 158)</translation>
+    </message>
+    <message>
+        <source>Compensation of the free ends</source>
+        <translation>Компенсация свободных концов</translation>
+    </message>
+    <message>
+        <source>The sensor of the free ends of the thermocouple needs no further settings.</source>
+        <translation>Датчику свободных концов термопары других настроек не нужно.</translation>
+    </message>
+    <message>
+        <source>2-point correction</source>
+        <translation>Коррекция по 2 точкам</translation>
+    </message>
+    <message>
+        <source>Correction point 1, °C</source>
+        <translation>Точка коррекции 1, °C</translation>
+    </message>
+    <message>
+        <source>Correction point 2, °C</source>
+        <translation>Точка коррекции 2, °C</translation>
+    </message>
+    <message>
+        <source>Begin correction</source>
+        <translation>Начать коррекцию</translation>
+    </message>
+    <message>
+        <source>Correct the resistance thermometer at two temperatures</source>
+        <translation>Скорректировать термометр сопротивления по двум температурам</translation>
+    </message>
+    <message>
+        <source>Put the thermometer at the temperature of point 1 and wait until the primary variable is steady. Then enter the temperature of the point and write it. Point 2 follows the same way.</source>
+        <translation>Поместите термометр в температуру точки 1 и дождитесь, пока первичная переменная установится. Затем введите температуру точки и запишите её. Точка 2 записывается так же.</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Старт</translation>
+    </message>
+    <message>
+        <source>Temperature of point 1, °C</source>
+        <translation>Температура точки 1, °C</translation>
+    </message>
+    <message>
+        <source>Write point 1</source>
+        <translation>Записать точку 1</translation>
+    </message>
+    <message>
+        <source>Read the primary variable and write the point (command 143)</source>
+        <translation>Прочитать первичную переменную и записать точку (команда 143)</translation>
+    </message>
+    <message>
+        <source>Temperature of point 2, °C</source>
+        <translation>Температура точки 2, °C</translation>
+    </message>
+    <message>
+        <source>Write point 2</source>
+        <translation>Записать точку 2</translation>
+    </message>
+    <message>
+        <source>Read the primary variable and write the point (command 144)</source>
+        <translation>Прочитать первичную переменную и записать точку (команда 144)</translation>
+    </message>
+    <message>
+        <source>Cancel correction</source>
+        <translation>Отменить коррекцию</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <translation>Диапазон</translation>
+    </message>
+    <message>
+        <source>Sensor limits</source>
+        <translation>Пределы датчика</translation>
+    </message>
+    <message>
+        <source>Lower sensor limit</source>
+        <translation>Нижний предел датчика</translation>
+    </message>
+    <message>
+        <source>Upper sensor limit</source>
+        <translation>Верхний предел датчика</translation>
+    </message>
+    <message>
+        <source>Minimum span</source>
+        <translation>Минимальный диапазон</translation>
+    </message>
+    <message>
+        <source>Conversion range</source>
+        <translation>Диапазон преобразования</translation>
+    </message>
+    <message>
+        <source>Lower range value</source>
+        <translation>Нижний предел</translation>
+    </message>
+    <message>
+        <source>The value at 4 mA (command 35)</source>
+        <translation>Значение при 4 мА (команда 35)</translation>
+    </message>
+    <message>
+        <source>Take from PV</source>
+        <translation>Взять из PV</translation>
+    </message>
+    <message>
+        <source>Make the present primary variable the lower range value (command 37)</source>
+        <translation>Сделать текущую первичную переменную нижним пределом (команда 37)</translation>
+    </message>
+    <message>
+        <source>Upper range value</source>
+        <translation>Верхний предел</translation>
+    </message>
+    <message>
+        <source>The value at 20 mA (command 35)</source>
+        <translation>Значение при 20 мА (команда 35)</translation>
+    </message>
+    <message>
+        <source>Make the present primary variable the upper range value (command 36)</source>
+        <translation>Сделать текущую первичную переменную верхним пределом (команда 36)</translation>
+    </message>
+    <message>
+        <source>Fixed output current</source>
+        <translation>Фиксированный выходной ток</translation>
+    </message>
+    <message>
+        <source>Current, mA</source>
+        <translation>Ток, мА</translation>
+    </message>
+    <message>
+        <source>The loop current to hold (command 40)</source>
+        <translation>Ток петли, который надо удерживать (команда 40)</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Установить</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Сброс</translation>
+    </message>
+    <message>
+        <source>End the fixed current mode</source>
+        <translation>Выйти из режима фиксированного тока</translation>
+    </message>
+    <message>
+        <source>Manufacturer settings</source>
+        <translation>Заводские настройки</translation>
+    </message>
+    <message>
+        <source>Save as manufacturer settings</source>
+        <translation>Сохранить как заводские</translation>
+    </message>
+    <message>
+        <source>Keep the present settings of the device as its manufacturer settings</source>
+        <translation>Сохранить текущие настройки прибора как заводские</translation>
+    </message>
+    <message>
+        <source>Restore manufacturer settings</source>
+        <translation>Восстановить заводские</translation>
+    </message>
+    <message>
+        <source>Bring the device back to its manufacturer settings</source>
+        <translation>Вернуть прибору заводские настройки</translation>
+    </message>
+    <message>
+        <source>Adjustment</source>
+        <translation>Подстройка</translation>
+    </message>
+    <message>
+        <source>Choose what to adjust. Each adjustment needs the metrology access code of the device.</source>
+        <translation>Выберите, что подстраивать. Для каждой подстройки нужен код метрологического доступа прибора.</translation>
+    </message>
+    <message>
+        <source>Output current 4-20 mA</source>
+        <translation>Выходной ток 4-20 мА</translation>
+    </message>
+    <message>
+        <source>Resistance input</source>
+        <translation>Вход сопротивления</translation>
+    </message>
+    <message>
+        <source>Voltage input (thermocouple)</source>
+        <translation>Вход напряжения (термопара)</translation>
+    </message>
+    <message>
+        <source>Temperature of the free ends</source>
+        <translation>Температура свободных концов</translation>
+    </message>
+    <message>
+        <source>Metrology access code</source>
+        <translation>Код метрологического доступа</translation>
+    </message>
+    <message>
+        <source>The code that opens the adjustment of the device (command 190)</source>
+        <translation>Код, открывающий подстройку прибора (команда 190)</translation>
+    </message>
+    <message>
+        <source>Open access</source>
+        <translation>Открыть доступ</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Set the current, measure it with a reference meter, enter the measured value and adjust.</source>
+        <translation>Установите ток, измерьте его образцовым прибором, введите измеренное значение и подстройте.</translation>
+    </message>
+    <message>
+        <source>Set 4 mA</source>
+        <translation>Установить 4 мА</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>мА</translation>
+    </message>
+    <message>
+        <source>Adjust 4 mA</source>
+        <translation>Подстроить 4 мА</translation>
+    </message>
+    <message>
+        <source>Write the measured current (command 45)</source>
+        <translation>Записать измеренный ток (команда 45)</translation>
+    </message>
+    <message>
+        <source>Set 20 mA</source>
+        <translation>Установить 20 мА</translation>
+    </message>
+    <message>
+        <source>Adjust 20 mA</source>
+        <translation>Подстроить 20 мА</translation>
+    </message>
+    <message>
+        <source>Write the measured current (command 46)</source>
+        <translation>Записать измеренный ток (команда 46)</translation>
+    </message>
+    <message>
+        <source>Complete adjustment</source>
+        <translation>Завершить подстройку</translation>
+    </message>
+    <message>
+        <source>Release the current, close metrology access and leave the adjustment</source>
+        <translation>Освободить ток, закрыть метрологический доступ и выйти из подстройки</translation>
+    </message>
+    <message>
+        <source>Apply the reference voltage to the input. Read what the device measures, enter the reference value and adjust.</source>
+        <translation>Подайте на вход образцовое напряжение. Прочитайте, что измеряет прибор, введите образцовое значение и подстройте.</translation>
+    </message>
+    <message>
+        <source>Read from device</source>
+        <translation>Прочитать из прибора</translation>
+    </message>
+    <message>
+        <source>What the device measures now (command 174)</source>
+        <translation>Что прибор измеряет сейчас (команда 174)</translation>
+    </message>
+    <message>
+        <source>mV</source>
+        <translation>мВ</translation>
+    </message>
+    <message>
+        <source>Adjust</source>
+        <translation>Подстроить</translation>
+    </message>
+    <message>
+        <source>Write the reference value (command 171)</source>
+        <translation>Записать образцовое значение (команда 171)</translation>
+    </message>
+    <message>
+        <source>Close metrology access and leave the adjustment</source>
+        <translation>Закрыть метрологический доступ и выйти из подстройки</translation>
+    </message>
+    <message>
+        <source>Apply the reference resistance to the input. Read what the device measures, enter the reference value and adjust.</source>
+        <translation>Подключите ко входу образцовое сопротивление. Прочитайте, что измеряет прибор, введите образцовое значение и подстройте.</translation>
+    </message>
+    <message>
+        <source>Ohm</source>
+        <translation>Ом</translation>
+    </message>
+    <message>
+        <source>Write the reference value (command 172)</source>
+        <translation>Записать образцовое значение (команда 172)</translation>
+    </message>
+    <message>
+        <source>Apply the reference temperature to the input. Read what the device measures, enter the reference value and adjust.</source>
+        <translation>Задайте датчику образцовую температуру. Прочитайте, что измеряет прибор, введите образцовое значение и подстройте.</translation>
+    </message>
+    <message>
+        <source>°C</source>
+        <translation>°C</translation>
+    </message>
+    <message>
+        <source>Write the reference value (command 173)</source>
+        <translation>Записать образцовое значение (команда 173)</translation>
+    </message>
+    <message>
+        <source>Read configuration</source>
+        <translation>Читать конфигурацию</translation>
+    </message>
+    <message>
+        <source>Read the input, the range and the sensor limits from the device</source>
+        <translation>Прочитать из прибора вход, диапазон и пределы датчика</translation>
+    </message>
+    <message>
+        <source>Write configuration</source>
+        <translation>Записать конфигурацию</translation>
+    </message>
+    <message>
+        <source>Write the changed (blue) settings into the device</source>
+        <translation>Записать изменённые (синие) настройки в прибор</translation>
+    </message>
+    <message>
+        <source>A double click hides the prompt</source>
+        <translation>Двойной щелчок скрывает подсказку</translation>
+    </message>
+    <message>
+        <source>It is necessary to set the device to work with a resistance thermometer</source>
+        <translation>Необходимо настроить прибор на работу с термометром сопротивления</translation>
+    </message>
+    <message>
+        <source>It is necessary to set the device to work with a thermocouple</source>
+        <translation>Необходимо настроить прибор на работу с термопарой</translation>
+    </message>
+    <message>
+        <source>It is necessary to set the device to work with sensor of free ends of the thermocouple</source>
+        <translation>Необходимо настроить прибор на работу с датчиком свободных концов термопары</translation>
+    </message>
+    <message>
+        <source>The device needs to change
+the position of the jumper</source>
+        <translation>В приборе нужно изменить
+положение перемычки</translation>
+    </message>
+    <message>
+        <source>Thermistor</source>
+        <translation>Термометр сопротивления</translation>
+    </message>
+    <message>
+        <source>Thermocouple</source>
+        <translation>Термопара</translation>
+    </message>
+    <message>
+        <source>Sensor T free ends of the thermocouple</source>
+        <translation>Датчик T свободных концов термопары</translation>
+    </message>
+    <message>
+        <source>A-1 (TBP)</source>
+        <translation>А-1 (ТВР)</translation>
+    </message>
+    <message>
+        <source>A-2 (TBP)</source>
+        <translation>А-2 (ТВР)</translation>
+    </message>
+    <message>
+        <source>A-3 (TBP)</source>
+        <translation>А-3 (ТВР)</translation>
+    </message>
+    <message>
+        <source>B (TPR)</source>
+        <translation>B (ТПР)</translation>
+    </message>
+    <message>
+        <source>E (TXK)</source>
+        <translation>E (ТХКн)</translation>
+    </message>
+    <message>
+        <source>J (TJK)</source>
+        <translation>J (ТЖК)</translation>
+    </message>
+    <message>
+        <source>K (TXA)</source>
+        <translation>K (ТХА)</translation>
+    </message>
+    <message>
+        <source>L (TXK)</source>
+        <translation>L (ТХК)</translation>
+    </message>
+    <message>
+        <source>M (TMK)</source>
+        <translation>M (ТМК)</translation>
+    </message>
+    <message>
+        <source>N (THH)</source>
+        <translation>N (ТНН)</translation>
+    </message>
+    <message>
+        <source>R (TPP)</source>
+        <translation>R (ТПП)</translation>
+    </message>
+    <message>
+        <source>S (TPP)</source>
+        <translation>S (ТПП)</translation>
+    </message>
+    <message>
+        <source>T (TMK)</source>
+        <translation>T (ТМКн)</translation>
+    </message>
+    <message>
+        <source>Pt  (TCP)</source>
+        <translation>Pt  (ТСП)</translation>
+    </message>
+    <message>
+        <source>Pt&apos; (TCP)</source>
+        <translation>Pt&apos; (ТСП)</translation>
+    </message>
+    <message>
+        <source>Cu  (TCM)</source>
+        <translation>Cu  (ТСМ)</translation>
+    </message>
+    <message>
+        <source>Cu&apos; (TCM)</source>
+        <translation>Cu&apos; (ТСМ)</translation>
+    </message>
+    <message>
+        <source>Ni (TCH)</source>
+        <translation>Ni (ТСН)</translation>
+    </message>
+    <message>
+        <source>2 or 4 wire&apos;s</source>
+        <translation>2- или 4-проводная</translation>
+    </message>
+    <message>
+        <source>3 wire&apos;s</source>
+        <translation>3-проводная</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>выкл</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>вкл</translation>
+    </message>
+    <message>
+        <source>write protection is enabled</source>
+        <translation>включена защита от записи</translation>
+    </message>
+    <message>
+        <source>Read device configuration</source>
+        <translation>Чтение конфигурации прибора</translation>
+    </message>
+    <message>
+        <source>Primary Variable value = %1
+ Do you want to write correction point 1 = %2?</source>
+        <translation>Значение первичной переменной = %1
+ Записать точку коррекции 1 = %2?</translation>
+    </message>
+    <message>
+        <source>Primary Variable value = %1
+ Do you want to write correction point 2 = %2?</source>
+        <translation>Значение первичной переменной = %1
+ Записать точку коррекции 2 = %2?</translation>
+    </message>
+    <message>
+        <source>Write correction point 1</source>
+        <translation>Запись точки коррекции 1</translation>
+    </message>
+    <message>
+        <source>Program settings do not match the settings of the device! [%1/%2]</source>
+        <translation>Настройки программы не совпадают с настройками прибора! [%1/%2]</translation>
+    </message>
+    <message>
+        <source>Reading metrological parameters</source>
+        <translation>Чтение метрологических параметров</translation>
+    </message>
+    <message>
+        <source>Saving metrological parameters</source>
+        <translation>Сохранение метрологических параметров</translation>
     </message>
 </context>
 <context>

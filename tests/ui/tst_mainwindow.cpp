@@ -7,6 +7,7 @@
 #include "port.h"
 #include "server.h"
 #include "simulatedline.h"
+#include "tcv2widget.h"
 
 #include <QAction>
 #include <QJsonDocument>
@@ -172,6 +173,10 @@ void TestMainWindow::titleAndCounters()
     QCOMPARE(window.windowTitle(),
              QStringLiteral("Orvena. Calvane - [*]%1").arg(named ? file : QStringLiteral("Untitled")));
     QCOMPARE(child<QLabel>(window, "labelCounters")->text(), counters);
+    if (named) { // the editor follows the model
+        QVERIFY(qobject_cast<TCV2Widget*>(window.editor(device(window, "P0", "TCV-C_{D1}"))));
+        QVERIFY(!qobject_cast<TCV2Widget*>(window.editor(device(window, "P0", "General_{D2}"))));
+    }
     QVERIFY(!window.isWindowModified());
     QVERIFY(!child<QAction>(window, "actionSave")->isEnabled());
 }
