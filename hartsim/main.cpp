@@ -73,7 +73,8 @@ const char* const modelNotes = R"(Device variables (commands 3, 9, 33, 54)
                   2 raw sensor pressure kPa
   pH-7702         0 pH (PV), 1 temperature degC, 2 input voltage U mV, 3 ORP
                   mV, 4 electrode EMF mV, 5 temperature sensor resistance Rt
-                  ohm, 6 pH of the standard buffer recognised (NaN for none)
+                  ohm, 6 pH of the standard buffer recognised (NaN for none),
+                  7 auxiliary electrode resistance Rc kOhm
   Values move on the simulator's clock: var_<n>_value plus var_<n>_amplitude
   times a sine of period var_<n>_period seconds; the models compute theirs
   from the simulated process (process_temperature, process_pressure,

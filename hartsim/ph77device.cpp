@@ -93,6 +93,8 @@ QVariantMap ph77Defaults()
         {"adjust_U_set_2", false},
         {"adjust_Rc_raw_1", 0.0},
         {"adjust_Rc_raw_2", 0.0},
+        {"adjust_Rc_set_1", false},
+        {"adjust_Rc_set_2", false},
         {"rt_trim", 0.0},
         {"adjust_U_point", 1},
         {"adjust_U", 0.0},
@@ -126,6 +128,7 @@ QVariantMap ph77Defaults()
                                    {4, 36, 83, 8, 2000.0, -2000.0, 10.0},
                                    {5, 37, 85, 4, 200.0, 70.0, 1.0},
                                    {6, 59, 81, 8, 14.0, 0.0, 1.0},
+                                   {7, 163, 85, 8, 1000.0, 0.0, 1.0},
                                });
     return d;
 }
@@ -152,22 +155,28 @@ double Ph77Device::inputVoltage(double now) const
     return e * (1.0 + f(QStringLiteral("adc_u_gain_error"))) + f(QStringLiteral("adc_u_error"));
 }
 
+double Ph77Device::adjusted(const char* channel, double raw) const
+{
+    // One point shifts the reading; two points set its gain as well.
+    const QString c = QLatin1String(channel);
+    const bool one = m_params.value(QStringLiteral("adjust_%1_set_1").arg(c)).toBool();
+    const bool two = m_params.value(QStringLiteral("adjust_%1_set_2").arg(c)).toBool();
+    const double r1 = f(QStringLiteral("adjust_%1_raw_1").arg(c));
+    const double r2 = f(QStringLiteral("adjust_%1_raw_2").arg(c));
+    const double v1 = f(QStringLiteral("adjust_%1_p1").arg(c));
+    const double v2 = f(QStringLiteral("adjust_%1_p2").arg(c));
+    if (one && two && r1 != r2)
+        return v1 + (raw - r1) * (v2 - v1) / (r2 - r1);
+    if (one)
+        return raw + (v1 - r1);
+    if (two)
+        return raw + (v2 - r2);
+    return raw;
+}
+
 double Ph77Device::emf(double now) const
 {
-    const double u = inputVoltage(now);
-    const bool one = m_params.value(QStringLiteral("adjust_U_set_1")).toBool();
-    const bool two = m_params.value(QStringLiteral("adjust_U_set_2")).toBool();
-    const double u1 = f(QStringLiteral("adjust_U_raw_1"));
-    const double u2 = f(QStringLiteral("adjust_U_raw_2"));
-    const double v1 = f(QStringLiteral("adjust_U_p1"));
-    const double v2 = f(QStringLiteral("adjust_U_p2"));
-    if (one && two && u1 != u2)
-        return v1 + (u - u1) * (v2 - v1) / (u2 - u1);
-    if (one)
-        return u + (v1 - u1);
-    if (two)
-        return u + (v2 - u2);
-    return u;
+    return adjusted("U", inputVoltage(now));
 }
 
 double Ph77Device::rt(double now) const
@@ -181,9 +190,14 @@ double Ph77Device::rt(double now) const
     return raw + f(QStringLiteral("adc_rt_error")) + f(QStringLiteral("rt_trim"));
 }
 
-double Ph77Device::rc(double) const
+double Ph77Device::rawRc() const
 {
     return f(QStringLiteral("electrode_rc_true")) + f(QStringLiteral("adc_rc_error"));
+}
+
+double Ph77Device::rc(double) const
+{
+    return adjusted("Rc", rawRc());
 }
 
 double Ph77Device::measuredTemperature(double now) const
@@ -230,6 +244,9 @@ float Ph77Device::variableValue(int code, double now) const
         break;
     case 5:
         value = rt(now);
+        break;
+    case 7:
+        value = rc(now);
         break;
     case 6: {
         const double present = ph(now);
@@ -346,6 +363,8 @@ QStringList Ph77Device::factoryKeys() const
                        QStringLiteral("adjust_U_set_2"),
                        QStringLiteral("adjust_Rc_raw_1"),
                        QStringLiteral("adjust_Rc_raw_2"),
+                       QStringLiteral("adjust_Rc_set_1"),
+                       QStringLiteral("adjust_Rc_set_2"),
                        QStringLiteral("rt_trim"),
                        QStringLiteral("PV_dev_variable_code"),
                        QStringLiteral("sensor_unit_code"),
@@ -589,7 +608,8 @@ Reply Ph77Device::command(quint8 cmd, const QByteArray& data, Master master, dou
             m_params.insert(QStringLiteral("adjust_U_point"), point);
             m_params.insert(QStringLiteral("adjust_U"), value);
         } else {
-            m_params.insert(QStringLiteral("adjust_Rc_raw_") + n, rc(now));
+            m_params.insert(QStringLiteral("adjust_Rc_raw_") + n, rawRc());
+            m_params.insert(QStringLiteral("adjust_Rc_set_") + n, true);
             m_params.insert(QStringLiteral("adjust_Rc_p") + n, value);
             m_params.insert(QStringLiteral("adjust_Rc_point"), point);
             m_params.insert(QStringLiteral("adjust_Rc"), value);

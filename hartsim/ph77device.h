@@ -33,6 +33,10 @@ namespace hartsim {
 //  5 Rt ohm (37), the temperature sensor's resistance (0 shorted, NaN open)
 //  6 pH of the standard buffer (1.65, 4.01, 6.86, 9.18, 12.43) within 0.3 pH
 //    of the present pH (59), NaN when there is none.
+//  7 Rc kOhm (163), the auxiliary electrode's resistance ("electrode_rc_true")
+//    as the Rc channel reads it ("adc_rc_error"), after its adjustment.
+// The metrology page watches 2, 7 and 5: U, Rc and Rt, each as its channel
+// gives it; 4 is the EMF the graduation records.
 //
 // Graduation (command 151, not echoed): the meter records the EMF and the
 // temperature of the point; one-point works Ei out with the present S;
@@ -70,7 +74,10 @@ private:
     double inputVoltage(double now) const; // U channel, before adjustment
     double emf(double now) const;          // U channel, adjusted
     double rt(double now) const;           // Rt channel, trimmed
-    double rc(double now) const;           // Rc channel
+    double rawRc() const;                  // Rc channel, before adjustment
+    double rc(double now) const;           // Rc channel, adjusted
+    // A channel's reading through its two-point adjustment ("U" or "Rc").
+    double adjusted(const char* channel, double raw) const;
     double measuredTemperature(double now) const;
     double compensationTemperature(double now) const;
     double ph(double now) const;

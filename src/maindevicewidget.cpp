@@ -15,6 +15,7 @@
 #include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSpinBox>
 #include <QTabWidget>
 
@@ -154,7 +155,8 @@ QList<int> MainDeviceWidget::getWriteFunctionsList()
     QSet<int> functions;
     for (const QString& name : std::as_const(m_writeParameters)) {
         QWidget* field = m_mapWriteTagWidget.value(name);
-        if (!field)
+        // A field that its own button writes has no function here.
+        if (!field || !m_mapTagFunction.contains(name))
             continue;
         functions.insert(m_mapTagFunction.value(name));
         // A field out of use is written with the value the device holds.
@@ -224,6 +226,16 @@ bool MainDeviceWidget::setFixedCurrent(float current)
     }
     showFinalMessage(0);
     return ok;
+}
+
+void MainDeviceWidget::setFixedCurrentForAdjust(bool lower, QDoubleSpinBox* spin4mA, QDoubleSpinBox* spin20mA,
+                                                QPushButton* adjust4mA, QPushButton* adjust20mA)
+{
+    if (!setFixedCurrent(lower ? 4.0f : 20.0f))
+        return;
+    (lower ? spin4mA : spin20mA)->setValue(double(m_device->getDeviceInfoFloat(QStringLiteral("fixed_current"))));
+    adjust4mA->setEnabled(lower);
+    adjust20mA->setEnabled(!lower);
 }
 
 namespace {

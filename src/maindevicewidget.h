@@ -49,6 +49,11 @@ public:
     // clean, so a failure leaves exactly the unwritten ones blue.
     void execWriteFunctionsByList(const QList<int>& list, bool additional);
     bool setFixedCurrent(float current);
+    // The Set buttons of a current adjustment page: the loop held at 4 mA
+    // (lower) or 20 mA, the value shown in its box and only the adjust
+    // button of that end on.
+    void setFixedCurrentForAdjust(bool lower, QDoubleSpinBox* spin4mA, QDoubleSpinBox* spin20mA, QPushButton* adjust4mA,
+                                  QPushButton* adjust20mA);
     void onAdjust4mA_clicked(QDoubleSpinBox* spin);
     void onAdjust20mA_clicked(QDoubleSpinBox* spin);
     void saveManufacturerSettings();

@@ -3,14 +3,16 @@
 #include "application.h"
 #include "appsettings.h"
 #include "debugqt.h"
+#include "defaultdevicewidget.h"
 #include "device.h"
 #include "deviceadddialog.h"
 #include "factorynumberdialog.h"
 #include "finddevicedialog.h"
 #include "helpviewer.h"
 #include "measurewidget.h"
-#include "plaindevicewidget.h"
+#include "ph77widget.h"
 #include "port.h"
+#include "qp1widget.h"
 #include "rtuporteditor.h"
 #include "server.h"
 #include "serveritem.h"
@@ -669,13 +671,17 @@ QTreeWidgetItem* MainWindow::addDeviceInTree(Port* port, Device* device, bool se
 
 QWidget* MainWindow::createDeviceEditor(Device* device)
 {
-    // Each model has its editor; the others get the plain one.
+    // Each model has its editor; the others get the default one.
     const QString model = device->deviceTemplateName();
     MainDeviceWidget* page = nullptr;
     if (model == QLatin1String("TCV-C") || model == QLatin1String("DX-C"))
         page = new TCV2Widget;
+    else if (model == QLatin1String("QP-1C"))
+        page = new QP1Widget;
+    else if (model == QLatin1String("pH-7702"))
+        page = new PH77Widget;
     else
-        page = new PlainDeviceWidget;
+        page = new DefaultDeviceWidget;
     page->setItem(device);
     connect(page, &DeviceWidget::changed, this, &MainWindow::onChanged);
     connect(this, &MainWindow::closeApplication, page, &MainDeviceWidget::closeApplication);

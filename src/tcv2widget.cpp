@@ -567,24 +567,14 @@ void TCV2Widget::on_btnCheckCode_clicked()
     ui->stackedWidgetAdjust->setCurrentIndex(input.page);
 }
 
-void TCV2Widget::setFixedCurrentForAdjust(float current, bool lower)
-{
-    if (!setFixedCurrent(current))
-        return;
-    (lower ? ui->dspn4mA : ui->dspn20mA)
-        ->setValue(double(m_device->getDeviceInfoFloat(QStringLiteral("fixed_current"))));
-    ui->btnAdjust4mA->setEnabled(lower);
-    ui->btnAdjust20mA->setEnabled(!lower);
-}
-
 void TCV2Widget::on_btnSet4mA_clicked()
 {
-    setFixedCurrentForAdjust(4.0f, true);
+    setFixedCurrentForAdjust(true, ui->dspn4mA, ui->dspn20mA, ui->btnAdjust4mA, ui->btnAdjust20mA);
 }
 
 void TCV2Widget::on_btnSet20mA_clicked()
 {
-    setFixedCurrentForAdjust(20.0f, false);
+    setFixedCurrentForAdjust(false, ui->dspn4mA, ui->dspn20mA, ui->btnAdjust4mA, ui->btnAdjust20mA);
 }
 
 void TCV2Widget::on_btnAdjust4mA_clicked()

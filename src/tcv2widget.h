@@ -84,7 +84,6 @@ private:
     // Writes correction point 1 or 2 after the user's consent.
     void saveCorrectionPoint(int point);
     void startAdjust(AdjustMode mode, bool needsConfig);
-    void setFixedCurrentForAdjust(float current, bool lower);
     void getAdjustedParameter();
     void adjustParameter();
     // The write button's state: on with a blue field once the configuration was read.

@@ -544,6 +544,425 @@ through the menu of the device!</translation>
         </message>
     </context>
     <context>
+        <name>DefaultDeviceWidget</name>
+        <message>
+            <source>HART device</source>
+            <translation>HART device</translation>
+        </message>
+        <message>
+            <source>Current state</source>
+            <translation>Current state</translation>
+        </message>
+        <message>
+            <source>Configuration</source>
+            <translation>Configuration</translation>
+        </message>
+        <message>
+            <source>Primary variable</source>
+            <translation>Primary variable</translation>
+        </message>
+        <message>
+            <source>Units</source>
+            <translation>Units</translation>
+        </message>
+        <message>
+            <source>Units of the primary variable and of its range (command 44)</source>
+            <translation>Units of the primary variable and of its range (command 44)</translation>
+        </message>
+        <message>
+            <source>Transfer function</source>
+            <translation>Transfer function</translation>
+        </message>
+        <message>
+            <source>How the output follows the primary variable (command 47)</source>
+            <translation>How the output follows the primary variable (command 47)</translation>
+        </message>
+        <message>
+            <source>Alarm selection</source>
+            <translation>Alarm selection</translation>
+        </message>
+        <message>
+            <source>What the output does on a failure (command 15)</source>
+            <translation>What the output does on a failure (command 15)</translation>
+        </message>
+        <message>
+            <source>Extended status</source>
+            <translation>Extended status</translation>
+        </message>
+        <message>
+            <source>Conversion range</source>
+            <translation>Conversion range</translation>
+        </message>
+        <message>
+            <source>Lower range value</source>
+            <translation>Lower range value</translation>
+        </message>
+        <message>
+            <source>The value at 4 mA (command 35)</source>
+            <translation>The value at 4 mA (command 35)</translation>
+        </message>
+        <message>
+            <source>Take from PV</source>
+            <translation>Take from PV</translation>
+        </message>
+        <message>
+            <source>Make the present primary variable the lower range value (command 37)</source>
+            <translation>Make the present primary variable the lower range value (command 37)</translation>
+        </message>
+        <message>
+            <source>Upper range value</source>
+            <translation>Upper range value</translation>
+        </message>
+        <message>
+            <source>The value at 20 mA (command 35)</source>
+            <translation>The value at 20 mA (command 35)</translation>
+        </message>
+        <message>
+            <source>Make the present primary variable the upper range value (command 36)</source>
+            <translation>Make the present primary variable the upper range value (command 36)</translation>
+        </message>
+        <message>
+            <source>Sensor of the primary variable</source>
+            <translation>Sensor of the primary variable</translation>
+        </message>
+        <message>
+            <source>Sensor serial number</source>
+            <translation>Sensor serial number</translation>
+        </message>
+        <message>
+            <source>Serial number of the sensor (command 49)</source>
+            <translation>Serial number of the sensor (command 49)</translation>
+        </message>
+        <message>
+            <source>Lower sensor limit</source>
+            <translation>Lower sensor limit</translation>
+        </message>
+        <message>
+            <source>Upper sensor limit</source>
+            <translation>Upper sensor limit</translation>
+        </message>
+        <message>
+            <source>Minimum span</source>
+            <translation>Minimum span</translation>
+        </message>
+        <message>
+            <source>Output current</source>
+            <translation>Output current</translation>
+        </message>
+        <message>
+            <source>Fixed current, mA</source>
+            <translation>Fixed current, mA</translation>
+        </message>
+        <message>
+            <source>The loop current to hold (command 40)</source>
+            <translation>The loop current to hold (command 40)</translation>
+        </message>
+        <message>
+            <source>Set</source>
+            <translation>Set</translation>
+        </message>
+        <message>
+            <source>Reset</source>
+            <translation>Reset</translation>
+        </message>
+        <message>
+            <source>End the fixed current mode</source>
+            <translation>End the fixed current mode</translation>
+        </message>
+        <message>
+            <source>Measured current, mA</source>
+            <translation>Measured current, mA</translation>
+        </message>
+        <message>
+            <source>The current a reference meter measures in the loop</source>
+            <translation>The current a reference meter measures in the loop</translation>
+        </message>
+        <message>
+            <source>Adjust 4 mA</source>
+            <translation>Adjust 4 mA</translation>
+        </message>
+        <message>
+            <source>Write the measured current as 4 mA (command 45)</source>
+            <translation>Write the measured current as 4 mA (command 45)</translation>
+        </message>
+        <message>
+            <source>Adjust 20 mA</source>
+            <translation>Adjust 20 mA</translation>
+        </message>
+        <message>
+            <source>Write the measured current as 20 mA</source>
+            <translation>Write the measured current as 20 mA</translation>
+        </message>
+        <message>
+            <source>Adjust zero</source>
+            <translation>Adjust zero</translation>
+        </message>
+        <message>
+            <source>Make the present primary variable the zero (command 43)</source>
+            <translation>Make the present primary variable the zero (command 43)</translation>
+        </message>
+        <message>
+            <source>Device variables</source>
+            <translation>Device variables</translation>
+        </message>
+        <message>
+            <source>Dynamic variables</source>
+            <translation>Dynamic variables</translation>
+        </message>
+        <message>
+            <source>PV</source>
+            <translation>PV</translation>
+        </message>
+        <message>
+            <source>The device variable shown as PV (command 51)</source>
+            <translation>The device variable shown as PV (command 51)</translation>
+        </message>
+        <message>
+            <source>SV</source>
+            <translation>SV</translation>
+        </message>
+        <message>
+            <source>The device variable shown as SV (command 51)</source>
+            <translation>The device variable shown as SV (command 51)</translation>
+        </message>
+        <message>
+            <source>TV</source>
+            <translation>TV</translation>
+        </message>
+        <message>
+            <source>The device variable shown as TV (command 51)</source>
+            <translation>The device variable shown as TV (command 51)</translation>
+        </message>
+        <message>
+            <source>QV</source>
+            <translation>QV</translation>
+        </message>
+        <message>
+            <source>The device variable shown as QV (command 51)</source>
+            <translation>The device variable shown as QV (command 51)</translation>
+        </message>
+        <message>
+            <source>The device variables (command 9); a row shows its settings (command 54)</source>
+            <translation>The device variables (command 9); a row shows its settings (command 54)</translation>
+        </message>
+        <message>
+            <source>Device variable</source>
+            <translation>Device variable</translation>
+        </message>
+        <message>
+            <source>Family</source>
+            <translation>Family</translation>
+        </message>
+        <message>
+            <source>Units of the device variable (command 53)</source>
+            <translation>Units of the device variable (command 53)</translation>
+        </message>
+        <message>
+            <source>Read configuration</source>
+            <translation>Read configuration</translation>
+        </message>
+        <message>
+            <source>Read the dynamic variables, the range, the sensor and the device variables from the device</source>
+            <translation>Read the dynamic variables, the range, the sensor and the device variables from the device</translation>
+        </message>
+        <message>
+            <source>Write configuration</source>
+            <translation>Write configuration</translation>
+        </message>
+        <message>
+            <source>Write the changed (blue) settings into the device</source>
+            <translation>Write the changed (blue) settings into the device</translation>
+        </message>
+        <message>
+            <source>Pa  (Pa)</source>
+            <translation>Pa  (Pa)</translation>
+        </message>
+        <message>
+            <source>kPa (kPa)</source>
+            <translation>kPa (kPa)</translation>
+        </message>
+        <message>
+            <source>MPa (MPa)</source>
+            <translation>MPa (MPa)</translation>
+        </message>
+        <message>
+            <source>kgf/sm2 (kgf/sm2)</source>
+            <translation>kgf/sm2 (kgf/sm2)</translation>
+        </message>
+        <message>
+            <source>mbar (mbar)</source>
+            <translation>mbar (mbar)</translation>
+        </message>
+        <message>
+            <source>bar (bar)</source>
+            <translation>bar (bar)</translation>
+        </message>
+        <message>
+            <source>mmWS (mmWS)</source>
+            <translation>mmWS (mmWS)</translation>
+        </message>
+        <message>
+            <source>inchWS (inchWS)</source>
+            <translation>inchWS (inchWS)</translation>
+        </message>
+        <message>
+            <source>mmHg (mmHg)</source>
+            <translation>mmHg (mmHg)</translation>
+        </message>
+        <message>
+            <source>inchHg (inchHg)</source>
+            <translation>inchHg (inchHg)</translation>
+        </message>
+        <message>
+            <source>psi (lb/inch2)</source>
+            <translation>psi (lb/inch2)</translation>
+        </message>
+        <message>
+            <source>V</source>
+            <translation>V</translation>
+        </message>
+        <message>
+            <source>% (percent)</source>
+            <translation>% (percent)</translation>
+        </message>
+        <message>
+            <source>Null</source>
+            <translation>Null</translation>
+        </message>
+        <message>
+            <source>Not Used</source>
+            <translation>Not Used</translation>
+        </message>
+        <message>
+            <source>None</source>
+            <translation>None</translation>
+        </message>
+        <message>
+            <source>Unknown</source>
+            <translation>Unknown</translation>
+        </message>
+        <message>
+            <source>Special</source>
+            <translation>Special</translation>
+        </message>
+        <message>
+            <source>Linear</source>
+            <translation>Linear</translation>
+        </message>
+        <message>
+            <source>Square root</source>
+            <translation>Square root</translation>
+        </message>
+        <message>
+            <source>Square root third power</source>
+            <translation>Square root third power</translation>
+        </message>
+        <message>
+            <source>Square root fifth power</source>
+            <translation>Square root fifth power</translation>
+        </message>
+        <message>
+            <source>Special curve</source>
+            <translation>Special curve</translation>
+        </message>
+        <message>
+            <source>Square</source>
+            <translation>Square</translation>
+        </message>
+        <message>
+            <source>Discrete (switch)</source>
+            <translation>Discrete (switch)</translation>
+        </message>
+        <message>
+            <source>Code</source>
+            <translation>Code</translation>
+        </message>
+        <message>
+            <source>Class</source>
+            <translation>Class</translation>
+        </message>
+        <message>
+            <source>Value</source>
+            <translation>Value</translation>
+        </message>
+        <message>
+            <source>Unit</source>
+            <translation>Unit</translation>
+        </message>
+        <message>
+            <source>Status</source>
+            <translation>Status</translation>
+        </message>
+        <message>
+            <source>code %1</source>
+            <translation>code %1</translation>
+        </message>
+        <message>
+            <source>write protection is enabled</source>
+            <translation>write protection is enabled</translation>
+        </message>
+        <message>
+            <source>Device variable %1</source>
+            <translation>Device variable %1</translation>
+        </message>
+        <message>
+            <source>Try command 9 to get </source>
+            <translation>Try command 9 to get </translation>
+        </message>
+        <message>
+            <source>device variables</source>
+            <translation>device variables</translation>
+        </message>
+        <message>
+            <source>Read device configuration</source>
+            <translation>Read device configuration</translation>
+        </message>
+        <message>
+            <source>Read device variable information</source>
+            <translation>Read device variable information</translation>
+        </message>
+        <message>
+            <source>Zero adjustment</source>
+            <translation>Zero adjustment</translation>
+        </message>
+        <message>
+            <source>Do you want to set current
+Primary Variable value=%1 %2
+as Zero Value ?</source>
+            <translation>Do you want to set current
+Primary Variable value=%1 %2
+as Zero Value ?</translation>
+        </message>
+        <message>
+            <source>Adjusting zero</source>
+            <translation>Adjusting zero</translation>
+        </message>
+        <message>
+            <source>20mA adjustment</source>
+            <translation>20mA adjustment</translation>
+        </message>
+        <message>
+            <source>4mA adjustment</source>
+            <translation>4mA adjustment</translation>
+        </message>
+        <message>
+            <source>Have you set fixed loop current value at 20 mA ?</source>
+            <translation>Have you set fixed loop current value at 20 mA ?</translation>
+        </message>
+        <message>
+            <source>Have you set fixed loop current value at 4 mA ?</source>
+            <translation>Have you set fixed loop current value at 4 mA ?</translation>
+        </message>
+        <message>
+            <source>Do you really want to set the measured current value =%1 as 20 mA ?</source>
+            <translation>Do you really want to set the measured current value =%1 as 20 mA ?</translation>
+        </message>
+        <message>
+            <source>Do you really want to set the measured current value=%1 as 4 mA ?</source>
+            <translation>Do you really want to set the measured current value=%1 as 4 mA ?</translation>
+        </message>
+    </context>
+    <context>
         <name>Device</name>
         <message>
             <source>form device</source>
@@ -2656,6 +3075,665 @@ Stop polling before searching the lines.</translation>
         </message>
     </context>
     <context>
+        <name>PH77Widget</name>
+        <message>
+            <source>pH meter</source>
+            <translation>pH meter</translation>
+        </message>
+        <message>
+            <source>Current state</source>
+            <translation>Current state</translation>
+        </message>
+        <message>
+            <source>Configuration</source>
+            <translation>Configuration</translation>
+        </message>
+        <message>
+            <source>pH channel</source>
+            <translation>pH channel</translation>
+        </message>
+        <message>
+            <source>Measurement mode</source>
+            <translation>Measurement mode</translation>
+        </message>
+        <message>
+            <source>What the device measures (command 131)</source>
+            <translation>What the device measures (command 131)</translation>
+        </message>
+        <message>
+            <source>Isopotential point Ei, mV</source>
+            <translation>Isopotential point Ei, mV</translation>
+        </message>
+        <message>
+            <source>EMF of the electrode at the isopotential point (command 131)</source>
+            <translation>EMF of the electrode at the isopotential point (command 131)</translation>
+        </message>
+        <message>
+            <source>Steepness S, mV/pH</source>
+            <translation>Steepness S, mV/pH</translation>
+        </message>
+        <message>
+            <source>Steepness of the electrode at 25 °C (command 131)</source>
+            <translation>Steepness of the electrode at 25 °C (command 131)</translation>
+        </message>
+        <message>
+            <source>Isopotential point pHi</source>
+            <translation>Isopotential point pHi</translation>
+        </message>
+        <message>
+            <source>pH of the isopotential point; the graduation does not change it</source>
+            <translation>pH of the isopotential point; the graduation does not change it</translation>
+        </message>
+        <message>
+            <source>The device measures millivolts; the electrode parameters are not used in this mode.</source>
+            <translation>The device measures millivolts; the electrode parameters are not used in this mode.</translation>
+        </message>
+        <message>
+            <source>Electrode diagnostics</source>
+            <translation>Electrode diagnostics</translation>
+        </message>
+        <message>
+            <source>Test of the resistance of the auxiliary electrode (command 133)</source>
+            <translation>Test of the resistance of the auxiliary electrode (command 133)</translation>
+        </message>
+        <message>
+            <source>Sensor serial number</source>
+            <translation>Sensor serial number</translation>
+        </message>
+        <message>
+            <source>Serial number of the sensor (command 49)</source>
+            <translation>Serial number of the sensor (command 49)</translation>
+        </message>
+        <message>
+            <source>pH filter</source>
+            <translation>pH filter</translation>
+        </message>
+        <message>
+            <source>Averaging time of a small signal, s</source>
+            <translation>Averaging time of a small signal, s</translation>
+        </message>
+        <message>
+            <source>Command 132</source>
+            <translation>Command 132</translation>
+        </message>
+        <message>
+            <source>Averaging time of a big signal, s</source>
+            <translation>Averaging time of a big signal, s</translation>
+        </message>
+        <message>
+            <source>Threshold of a big signal</source>
+            <translation>Threshold of a big signal</translation>
+        </message>
+        <message>
+            <source>Temperature channel</source>
+            <translation>Temperature channel</translation>
+        </message>
+        <message>
+            <source>Temperature compensation</source>
+            <translation>Temperature compensation</translation>
+        </message>
+        <message>
+            <source>Command 135</source>
+            <translation>Command 135</translation>
+        </message>
+        <message>
+            <source>Manually set temperature, °C</source>
+            <translation>Manually set temperature, °C</translation>
+        </message>
+        <message>
+            <source>Temperature sensor</source>
+            <translation>Temperature sensor</translation>
+        </message>
+        <message>
+            <source>Command 136</source>
+            <translation>Command 136</translation>
+        </message>
+        <message>
+            <source>Resistance at 0 °C, Ohm</source>
+            <translation>Resistance at 0 °C, Ohm</translation>
+        </message>
+        <message>
+            <source>Temperature correction, °C</source>
+            <translation>Temperature correction, °C</translation>
+        </message>
+        <message>
+            <source>Temperature filter</source>
+            <translation>Temperature filter</translation>
+        </message>
+        <message>
+            <source>Command 137</source>
+            <translation>Command 137</translation>
+        </message>
+        <message>
+            <source>Threshold of a big signal, °C</source>
+            <translation>Threshold of a big signal, °C</translation>
+        </message>
+        <message>
+            <source>Range</source>
+            <translation>Range</translation>
+        </message>
+        <message>
+            <source>Sensor limits</source>
+            <translation>Sensor limits</translation>
+        </message>
+        <message>
+            <source>Lower sensor limit</source>
+            <translation>Lower sensor limit</translation>
+        </message>
+        <message>
+            <source>Upper sensor limit</source>
+            <translation>Upper sensor limit</translation>
+        </message>
+        <message>
+            <source>Minimum span</source>
+            <translation>Minimum span</translation>
+        </message>
+        <message>
+            <source>Conversion range</source>
+            <translation>Conversion range</translation>
+        </message>
+        <message>
+            <source>Lower range value</source>
+            <translation>Lower range value</translation>
+        </message>
+        <message>
+            <source>The value at 4 mA (command 35)</source>
+            <translation>The value at 4 mA (command 35)</translation>
+        </message>
+        <message>
+            <source>Take from PV</source>
+            <translation>Take from PV</translation>
+        </message>
+        <message>
+            <source>Make the present primary variable the lower range value (command 37)</source>
+            <translation>Make the present primary variable the lower range value (command 37)</translation>
+        </message>
+        <message>
+            <source>Upper range value</source>
+            <translation>Upper range value</translation>
+        </message>
+        <message>
+            <source>The value at 20 mA (command 35)</source>
+            <translation>The value at 20 mA (command 35)</translation>
+        </message>
+        <message>
+            <source>Make the present primary variable the upper range value (command 36)</source>
+            <translation>Make the present primary variable the upper range value (command 36)</translation>
+        </message>
+        <message>
+            <source>Indication range</source>
+            <translation>Indication range</translation>
+        </message>
+        <message>
+            <source>Lower value</source>
+            <translation>Lower value</translation>
+        </message>
+        <message>
+            <source>Command 141</source>
+            <translation>Command 141</translation>
+        </message>
+        <message>
+            <source>Upper value</source>
+            <translation>Upper value</translation>
+        </message>
+        <message>
+            <source>Fixed output current</source>
+            <translation>Fixed output current</translation>
+        </message>
+        <message>
+            <source>Current, mA</source>
+            <translation>Current, mA</translation>
+        </message>
+        <message>
+            <source>The loop current to hold (command 40)</source>
+            <translation>The loop current to hold (command 40)</translation>
+        </message>
+        <message>
+            <source>Set</source>
+            <translation>Set</translation>
+        </message>
+        <message>
+            <source>Reset</source>
+            <translation>Reset</translation>
+        </message>
+        <message>
+            <source>End the fixed current mode</source>
+            <translation>End the fixed current mode</translation>
+        </message>
+        <message>
+            <source>Manufacturer settings</source>
+            <translation>Manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Save as manufacturer settings</source>
+            <translation>Save as manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Keep the present settings of the device as its manufacturer settings</source>
+            <translation>Keep the present settings of the device as its manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Restore manufacturer settings</source>
+            <translation>Restore manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Bring the device back to its manufacturer settings</source>
+            <translation>Bring the device back to its manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Graduation</source>
+            <translation>Graduation</translation>
+        </message>
+        <message>
+            <source>Current graduation</source>
+            <translation>Current graduation</translation>
+        </message>
+        <message>
+            <source>pH</source>
+            <translation>pH</translation>
+        </message>
+        <message>
+            <source>E, mV</source>
+            <translation>E, mV</translation>
+        </message>
+        <message>
+            <source>T, °C</source>
+            <translation>T, °C</translation>
+        </message>
+        <message>
+            <source>Point 1</source>
+            <translation>Point 1</translation>
+        </message>
+        <message>
+            <source>Point 2</source>
+            <translation>Point 2</translation>
+        </message>
+        <message>
+            <source>Graduation type</source>
+            <translation>Graduation type</translation>
+        </message>
+        <message>
+            <source>With one or two buffer solutions</source>
+            <translation>With one or two buffer solutions</translation>
+        </message>
+        <message>
+            <source>Start graduation</source>
+            <translation>Start graduation</translation>
+        </message>
+        <message>
+            <source>Read</source>
+            <translation>Read</translation>
+        </message>
+        <message>
+            <source>Read the current graduation values (command 150)</source>
+            <translation>Read the current graduation values (command 150)</translation>
+        </message>
+        <message>
+            <source>Stop graduation</source>
+            <translation>Stop graduation</translation>
+        </message>
+        <message>
+            <source>Stop the graduation and read the current values</source>
+            <translation>Stop the graduation and read the current values</translation>
+        </message>
+        <message>
+            <source>Point 1: put the electrode into the buffer solution and start the measurement. Write the point when the buffer pH turns green.</source>
+            <translation>Point 1: put the electrode into the buffer solution and start the measurement. Write the point when the buffer pH turns green.</translation>
+        </message>
+        <message>
+            <source>Buffer solution pH</source>
+            <translation>Buffer solution pH</translation>
+        </message>
+        <message>
+            <source>The pH of the buffer solution the device recognised; it may be corrected</source>
+            <translation>The pH of the buffer solution the device recognised; it may be corrected</translation>
+        </message>
+        <message>
+            <source>Start measurement</source>
+            <translation>Start measurement</translation>
+        </message>
+        <message>
+            <source>Watch the electrode in the buffer solution (command 33)</source>
+            <translation>Watch the electrode in the buffer solution (command 33)</translation>
+        </message>
+        <message>
+            <source>Electrode EMF</source>
+            <translation>Electrode EMF</translation>
+        </message>
+        <message>
+            <source>Temperature</source>
+            <translation>Temperature</translation>
+        </message>
+        <message>
+            <source>Write point 1</source>
+            <translation>Write point 1</translation>
+        </message>
+        <message>
+            <source>Write the graduation point (command 151)</source>
+            <translation>Write the graduation point (command 151)</translation>
+        </message>
+        <message>
+            <source>Point 2: put the electrode into the buffer solution and start the measurement. Write the point when the buffer pH turns green.</source>
+            <translation>Point 2: put the electrode into the buffer solution and start the measurement. Write the point when the buffer pH turns green.</translation>
+        </message>
+        <message>
+            <source>Write point 2</source>
+            <translation>Write point 2</translation>
+        </message>
+        <message>
+            <source>Metrology</source>
+            <translation>Metrology</translation>
+        </message>
+        <message>
+            <source>Choose what to adjust. Each adjustment needs the metrology access code of the device.</source>
+            <translation>Choose what to adjust. Each adjustment needs the metrology access code of the device.</translation>
+        </message>
+        <message>
+            <source>Output current 4-20 mA</source>
+            <translation>Output current 4-20 mA</translation>
+        </message>
+        <message>
+            <source>Measuring channels U, Rc, Rt</source>
+            <translation>Measuring channels U, Rc, Rt</translation>
+        </message>
+        <message>
+            <source>Ranges of Ei and S</source>
+            <translation>Ranges of Ei and S</translation>
+        </message>
+        <message>
+            <source>Sensor parameters</source>
+            <translation>Sensor parameters</translation>
+        </message>
+        <message>
+            <source>Metrology access code</source>
+            <translation>Metrology access code</translation>
+        </message>
+        <message>
+            <source>The code that opens the adjustment of the device (command 190)</source>
+            <translation>The code that opens the adjustment of the device (command 190)</translation>
+        </message>
+        <message>
+            <source>Open access</source>
+            <translation>Open access</translation>
+        </message>
+        <message>
+            <source>Cancel</source>
+            <translation>Cancel</translation>
+        </message>
+        <message>
+            <source>Set the current, measure it with a reference meter, enter the measured value and adjust.</source>
+            <translation>Set the current, measure it with a reference meter, enter the measured value and adjust.</translation>
+        </message>
+        <message>
+            <source>Set 4 mA</source>
+            <translation>Set 4 mA</translation>
+        </message>
+        <message>
+            <source>mA</source>
+            <translation>mA</translation>
+        </message>
+        <message>
+            <source>Adjust 4 mA</source>
+            <translation>Adjust 4 mA</translation>
+        </message>
+        <message>
+            <source>Write the measured current (command 45)</source>
+            <translation>Write the measured current (command 45)</translation>
+        </message>
+        <message>
+            <source>Set 20 mA</source>
+            <translation>Set 20 mA</translation>
+        </message>
+        <message>
+            <source>Adjust 20 mA</source>
+            <translation>Adjust 20 mA</translation>
+        </message>
+        <message>
+            <source>Write the measured current (command 46)</source>
+            <translation>Write the measured current (command 46)</translation>
+        </message>
+        <message>
+            <source>Complete adjustment</source>
+            <translation>Complete adjustment</translation>
+        </message>
+        <message>
+            <source>Release the current, close metrology access and leave the adjustment</source>
+            <translation>Release the current, close metrology access and leave the adjustment</translation>
+        </message>
+        <message>
+            <source>Reading</source>
+            <translation>Reading</translation>
+        </message>
+        <message>
+            <source>Reference value</source>
+            <translation>Reference value</translation>
+        </message>
+        <message>
+            <source>Adjusted at</source>
+            <translation>Adjusted at</translation>
+        </message>
+        <message>
+            <source>U, mV</source>
+            <translation>U, mV</translation>
+        </message>
+        <message>
+            <source>Adjust the U channel at point 1 (command 172)</source>
+            <translation>Adjust the U channel at point 1 (command 172)</translation>
+        </message>
+        <message>
+            <source>Adjust the U channel at point 2 (command 172)</source>
+            <translation>Adjust the U channel at point 2 (command 172)</translation>
+        </message>
+        <message>
+            <source>Rc, kOhm</source>
+            <translation>Rc, kOhm</translation>
+        </message>
+        <message>
+            <source>Adjust the Rc channel at point 1 (command 174)</source>
+            <translation>Adjust the Rc channel at point 1 (command 174)</translation>
+        </message>
+        <message>
+            <source>Adjust the Rc channel at point 2 (command 174)</source>
+            <translation>Adjust the Rc channel at point 2 (command 174)</translation>
+        </message>
+        <message>
+            <source>Rt, Ohm</source>
+            <translation>Rt, Ohm</translation>
+        </message>
+        <message>
+            <source>Adjust</source>
+            <translation>Adjust</translation>
+        </message>
+        <message>
+            <source>Adjust the Rt channel (command 173)</source>
+            <translation>Adjust the Rt channel (command 173)</translation>
+        </message>
+        <message>
+            <source>Watch U, Rc and Rt (command 33)</source>
+            <translation>Watch U, Rc and Rt (command 33)</translation>
+        </message>
+        <message>
+            <source>Close metrology access and leave the adjustment</source>
+            <translation>Close metrology access and leave the adjustment</translation>
+        </message>
+        <message>
+            <source>Ei from, mV</source>
+            <translation>Ei from, mV</translation>
+        </message>
+        <message>
+            <source>to</source>
+            <translation>to</translation>
+        </message>
+        <message>
+            <source>S from, mV/pH</source>
+            <translation>S from, mV/pH</translation>
+        </message>
+        <message>
+            <source>Write</source>
+            <translation>Write</translation>
+        </message>
+        <message>
+            <source>Write the ranges (command 176)</source>
+            <translation>Write the ranges (command 176)</translation>
+        </message>
+        <message>
+            <source>Write the sensor parameters (commands 49 and 142)</source>
+            <translation>Write the sensor parameters (commands 49 and 142)</translation>
+        </message>
+        <message>
+            <source>Read configuration</source>
+            <translation>Read configuration</translation>
+        </message>
+        <message>
+            <source>Read the electrode, temperature, range, graduation and sensor settings from the device</source>
+            <translation>Read the electrode, temperature, range, graduation and sensor settings from the device</translation>
+        </message>
+        <message>
+            <source>Write configuration</source>
+            <translation>Write configuration</translation>
+        </message>
+        <message>
+            <source>Write the changed (blue) settings into the device</source>
+            <translation>Write the changed (blue) settings into the device</translation>
+        </message>
+        <message>
+            <source>Stop measurement</source>
+            <translation>Stop measurement</translation>
+        </message>
+        <message>
+            <source>pH-meter</source>
+            <translation>pH-meter</translation>
+        </message>
+        <message>
+            <source>pH-meter with VCW</source>
+            <translation>pH-meter with VCW</translation>
+        </message>
+        <message>
+            <source>OVP-meter</source>
+            <translation>OVP-meter</translation>
+        </message>
+        <message>
+            <source>EMF-meter</source>
+            <translation>EMF-meter</translation>
+        </message>
+        <message>
+            <source>measured by temperature sensor</source>
+            <translation>measured by temperature sensor</translation>
+        </message>
+        <message>
+            <source>manually set temperature</source>
+            <translation>manually set temperature</translation>
+        </message>
+        <message>
+            <source>off</source>
+            <translation>off</translation>
+        </message>
+        <message>
+            <source>on</source>
+            <translation>on</translation>
+        </message>
+        <message>
+            <source>P</source>
+            <translation>P</translation>
+        </message>
+        <message>
+            <source> (W=1,385)</source>
+            <translation> (W=1,385)</translation>
+        </message>
+        <message>
+            <source>Pt (W=1,391)</source>
+            <translation>Pt (W=1,391)</translation>
+        </message>
+        <message>
+            <source>1-point</source>
+            <translation>1-point</translation>
+        </message>
+        <message>
+            <source>2-point</source>
+            <translation>2-point</translation>
+        </message>
+        <message>
+            <source>write protection is enabled</source>
+            <translation>write protection is enabled</translation>
+        </message>
+        <message>
+            <source>Read device configuration</source>
+            <translation>Read device configuration</translation>
+        </message>
+        <message>
+            <source>It is forbidden to turn on the test of the resistance of the auxiliary electrode with a two-wire connection diagram of the ES, since in this mode the current consumption exceeds 4 mA!</source>
+            <translation>It is forbidden to turn on the test of the resistance of the auxiliary electrode with a two-wire connection diagram of the ES, since in this mode the current consumption exceeds 4 mA!</translation>
+        </message>
+        <message>
+            <source>Error</source>
+            <translation>Error</translation>
+        </message>
+        <message>
+            <source>Undefined</source>
+            <translation>Undefined</translation>
+        </message>
+        <message>
+            <source>Err</source>
+            <translation>Err</translation>
+        </message>
+        <message>
+            <source>nan</source>
+            <translation>nan</translation>
+        </message>
+        <message>
+            <source>Current graduation values</source>
+            <translation>Current graduation values</translation>
+        </message>
+        <message>
+            <source>Adjustment</source>
+            <translation>Adjustment</translation>
+        </message>
+        <message>
+            <source>You are in metrology mode and really want to start graduation?</source>
+            <translation>You are in metrology mode and really want to start graduation?</translation>
+        </message>
+        <message>
+            <source>Write graduation point %1</source>
+            <translation>Write graduation point %1</translation>
+        </message>
+        <message>
+            <source>Saved</source>
+            <translation>Saved</translation>
+        </message>
+        <message>
+            <source>Reading metrological parameters</source>
+            <translation>Reading metrological parameters</translation>
+        </message>
+        <message>
+            <source>U adjustment</source>
+            <translation>U adjustment</translation>
+        </message>
+        <message>
+            <source>Rc adjustment</source>
+            <translation>Rc adjustment</translation>
+        </message>
+        <message>
+            <source>Rt adjustment</source>
+            <translation>Rt adjustment</translation>
+        </message>
+        <message>
+            <source>Reading the ranges of Ei and S</source>
+            <translation>Reading the ranges of Ei and S</translation>
+        </message>
+        <message>
+            <source>Ei and S ranges</source>
+            <translation>Ei and S ranges</translation>
+        </message>
+        <message>
+            <source>Reading sensor parameters</source>
+            <translation>Reading sensor parameters</translation>
+        </message>
+        <message>
+            <source>Sensor parameters saving</source>
+            <translation>Sensor parameters saving</translation>
+        </message>
+    </context>
+    <context>
         <name>PVWidget</name>
         <message>
             <source>Variables</source>
@@ -2740,13 +3818,6 @@ Stop polling before searching the lines.</translation>
         <message>
             <source>current loop disabled</source>
             <translation>current loop disabled</translation>
-        </message>
-    </context>
-    <context>
-        <name>PlainDeviceWidget</name>
-        <message>
-            <source>Device</source>
-            <translation>Device</translation>
         </message>
     </context>
     <context>
@@ -2881,6 +3952,587 @@ Stop polling before searching the lines.</translation>
         <message>
             <source>manufacturer settings</source>
             <translation>manufacturer settings</translation>
+        </message>
+    </context>
+    <context>
+        <name>QP1Widget</name>
+        <message>
+            <source>Pressure converter</source>
+            <translation>Pressure converter</translation>
+        </message>
+        <message>
+            <source>Current state</source>
+            <translation>Current state</translation>
+        </message>
+        <message>
+            <source>Input</source>
+            <translation>Input</translation>
+        </message>
+        <message>
+            <source>Units</source>
+            <translation>Units</translation>
+        </message>
+        <message>
+            <source>The units of the pressure (command 44)</source>
+            <translation>The units of the pressure (command 44)</translation>
+        </message>
+        <message>
+            <source>Sensor serial number</source>
+            <translation>Sensor serial number</translation>
+        </message>
+        <message>
+            <source>Serial number of the sensor (command 49)</source>
+            <translation>Serial number of the sensor (command 49)</translation>
+        </message>
+        <message>
+            <source>Decimal point</source>
+            <translation>Decimal point</translation>
+        </message>
+        <message>
+            <source>Digits after the point on the indicator (command 133)</source>
+            <translation>Digits after the point on the indicator (command 133)</translation>
+        </message>
+        <message>
+            <source>Averaging count</source>
+            <translation>Averaging count</translation>
+        </message>
+        <message>
+            <source>Measurements averaged into one value (command 134)</source>
+            <translation>Measurements averaged into one value (command 134)</translation>
+        </message>
+        <message>
+            <source>Lower indication</source>
+            <translation>Lower indication</translation>
+        </message>
+        <message>
+            <source>The lower value of the indicator (command 146)</source>
+            <translation>The lower value of the indicator (command 146)</translation>
+        </message>
+        <message>
+            <source>Upper indication</source>
+            <translation>Upper indication</translation>
+        </message>
+        <message>
+            <source>The upper value of the indicator (command 146)</source>
+            <translation>The upper value of the indicator (command 146)</translation>
+        </message>
+        <message>
+            <source>Input at the lower indication</source>
+            <translation>Input at the lower indication</translation>
+        </message>
+        <message>
+            <source>The input value shown as the lower indication (command 145)</source>
+            <translation>The input value shown as the lower indication (command 145)</translation>
+        </message>
+        <message>
+            <source>Input at the upper indication</source>
+            <translation>Input at the upper indication</translation>
+        </message>
+        <message>
+            <source>The input value shown as the upper indication (command 145)</source>
+            <translation>The input value shown as the upper indication (command 145)</translation>
+        </message>
+        <message>
+            <source>The indicator shows the pressure in the units chosen.</source>
+            <translation>The indicator shows the pressure in the units chosen.</translation>
+        </message>
+        <message>
+            <source>Zero and gain</source>
+            <translation>Zero and gain</translation>
+        </message>
+        <message>
+            <source>Apply zero pressure and correct the zero; apply the upper pressure and correct the gain.</source>
+            <translation>Apply zero pressure and correct the zero; apply the upper pressure and correct the gain.</translation>
+        </message>
+        <message>
+            <source>Correct zero</source>
+            <translation>Correct zero</translation>
+        </message>
+        <message>
+            <source>Make the present pressure the zero (command 43)</source>
+            <translation>Make the present pressure the zero (command 43)</translation>
+        </message>
+        <message>
+            <source>Correct gain</source>
+            <translation>Correct gain</translation>
+        </message>
+        <message>
+            <source>Make the present pressure the upper limit of measurement (command 142)</source>
+            <translation>Make the present pressure the upper limit of measurement (command 142)</translation>
+        </message>
+        <message>
+            <source>Range</source>
+            <translation>Range</translation>
+        </message>
+        <message>
+            <source>Conversion range</source>
+            <translation>Conversion range</translation>
+        </message>
+        <message>
+            <source>Lower range value</source>
+            <translation>Lower range value</translation>
+        </message>
+        <message>
+            <source>The value at 4 mA (command 35)</source>
+            <translation>The value at 4 mA (command 35)</translation>
+        </message>
+        <message>
+            <source>Take from PV</source>
+            <translation>Take from PV</translation>
+        </message>
+        <message>
+            <source>Make the present primary variable the lower range value (command 37)</source>
+            <translation>Make the present primary variable the lower range value (command 37)</translation>
+        </message>
+        <message>
+            <source>Upper range value</source>
+            <translation>Upper range value</translation>
+        </message>
+        <message>
+            <source>The value at 20 mA (command 35)</source>
+            <translation>The value at 20 mA (command 35)</translation>
+        </message>
+        <message>
+            <source>Make the present primary variable the upper range value (command 36)</source>
+            <translation>Make the present primary variable the upper range value (command 36)</translation>
+        </message>
+        <message>
+            <source>Fixed output current</source>
+            <translation>Fixed output current</translation>
+        </message>
+        <message>
+            <source>Current, mA</source>
+            <translation>Current, mA</translation>
+        </message>
+        <message>
+            <source>The loop current to hold (command 40)</source>
+            <translation>The loop current to hold (command 40)</translation>
+        </message>
+        <message>
+            <source>Set</source>
+            <translation>Set</translation>
+        </message>
+        <message>
+            <source>Reset</source>
+            <translation>Reset</translation>
+        </message>
+        <message>
+            <source>End the fixed current mode</source>
+            <translation>End the fixed current mode</translation>
+        </message>
+        <message>
+            <source>Manufacturer settings</source>
+            <translation>Manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Save as manufacturer settings</source>
+            <translation>Save as manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Keep the present settings of the device as its manufacturer settings</source>
+            <translation>Keep the present settings of the device as its manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Restore manufacturer settings</source>
+            <translation>Restore manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Bring the device back to its manufacturer settings</source>
+            <translation>Bring the device back to its manufacturer settings</translation>
+        </message>
+        <message>
+            <source>Adjustment</source>
+            <translation>Adjustment</translation>
+        </message>
+        <message>
+            <source>Choose what to adjust. Each adjustment needs the metrology access code of the device.</source>
+            <translation>Choose what to adjust. Each adjustment needs the metrology access code of the device.</translation>
+        </message>
+        <message>
+            <source>Output current 4-20 mA</source>
+            <translation>Output current 4-20 mA</translation>
+        </message>
+        <message>
+            <source>Linearization table</source>
+            <translation>Linearization table</translation>
+        </message>
+        <message>
+            <source>Temperature correction</source>
+            <translation>Temperature correction</translation>
+        </message>
+        <message>
+            <source>Sensor parameters</source>
+            <translation>Sensor parameters</translation>
+        </message>
+        <message>
+            <source>Metrology access code</source>
+            <translation>Metrology access code</translation>
+        </message>
+        <message>
+            <source>The code that opens the adjustment of the device (command 190)</source>
+            <translation>The code that opens the adjustment of the device (command 190)</translation>
+        </message>
+        <message>
+            <source>Open access</source>
+            <translation>Open access</translation>
+        </message>
+        <message>
+            <source>Cancel</source>
+            <translation>Cancel</translation>
+        </message>
+        <message>
+            <source>Set the current, measure it with a reference meter, enter the measured value and adjust.</source>
+            <translation>Set the current, measure it with a reference meter, enter the measured value and adjust.</translation>
+        </message>
+        <message>
+            <source>Set 4 mA</source>
+            <translation>Set 4 mA</translation>
+        </message>
+        <message>
+            <source>mA</source>
+            <translation>mA</translation>
+        </message>
+        <message>
+            <source>Adjust 4 mA</source>
+            <translation>Adjust 4 mA</translation>
+        </message>
+        <message>
+            <source>Write the measured current (command 45)</source>
+            <translation>Write the measured current (command 45)</translation>
+        </message>
+        <message>
+            <source>Set 20 mA</source>
+            <translation>Set 20 mA</translation>
+        </message>
+        <message>
+            <source>Adjust 20 mA</source>
+            <translation>Adjust 20 mA</translation>
+        </message>
+        <message>
+            <source>Write the measured current (command 46)</source>
+            <translation>Write the measured current (command 46)</translation>
+        </message>
+        <message>
+            <source>Complete adjustment</source>
+            <translation>Complete adjustment</translation>
+        </message>
+        <message>
+            <source>Release the current, close metrology access and leave the adjustment</source>
+            <translation>Release the current, close metrology access and leave the adjustment</translation>
+        </message>
+        <message>
+            <source>Sensor range</source>
+            <translation>Sensor range</translation>
+        </message>
+        <message>
+            <source>Calibration units</source>
+            <translation>Calibration units</translation>
+        </message>
+        <message>
+            <source>Write</source>
+            <translation>Write</translation>
+        </message>
+        <message>
+            <source>Write the units of the table (command 136)</source>
+            <translation>Write the units of the table (command 136)</translation>
+        </message>
+        <message>
+            <source>Points</source>
+            <translation>Points</translation>
+        </message>
+        <message>
+            <source>Write the number of points (command 137)</source>
+            <translation>Write the number of points (command 137)</translation>
+        </message>
+        <message>
+            <source>Reload</source>
+            <translation>Reload</translation>
+        </message>
+        <message>
+            <source>Read the table from the device again (command 148)</source>
+            <translation>Read the table from the device again (command 148)</translation>
+        </message>
+        <message>
+            <source>Edit points</source>
+            <translation>Edit points</translation>
+        </message>
+        <message>
+            <source>Close metrology access and leave the adjustment</source>
+            <translation>Close metrology access and leave the adjustment</translation>
+        </message>
+        <message>
+            <source>Point</source>
+            <translation>Point</translation>
+        </message>
+        <message>
+            <source>Read pressure</source>
+            <translation>Read pressure</translation>
+        </message>
+        <message>
+            <source>What the device measures now (command 149)</source>
+            <translation>What the device measures now (command 149)</translation>
+        </message>
+        <message>
+            <source>Write point</source>
+            <translation>Write point</translation>
+        </message>
+        <message>
+            <source>Write the reference value of the point (command 138)</source>
+            <translation>Write the reference value of the point (command 138)</translation>
+        </message>
+        <message>
+            <source>Back to the table</source>
+            <translation>Back to the table</translation>
+        </message>
+        <message>
+            <source>Correction mode</source>
+            <translation>Correction mode</translation>
+        </message>
+        <message>
+            <source>Write the correction mode (command 140)</source>
+            <translation>Write the correction mode (command 140)</translation>
+        </message>
+        <message>
+            <source>T1, °C</source>
+            <translation>T1, °C</translation>
+        </message>
+        <message>
+            <source>T2, °C</source>
+            <translation>T2, °C</translation>
+        </message>
+        <message>
+            <source>Correct at T1 and T2</source>
+            <translation>Correct at T1 and T2</translation>
+        </message>
+        <message>
+            <source>Put the device into the thermostat and set the temperature T1.</source>
+            <translation>Put the device into the thermostat and set the temperature T1.</translation>
+        </message>
+        <message>
+            <source>Temperature, °C</source>
+            <translation>Temperature, °C</translation>
+        </message>
+        <message>
+            <source>Apply the pressure P1 and save the point.</source>
+            <translation>Apply the pressure P1 and save the point.</translation>
+        </message>
+        <message>
+            <source>Apply the pressure P2 and save the point.</source>
+            <translation>Apply the pressure P2 and save the point.</translation>
+        </message>
+        <message>
+            <source>Set the temperature T2 in the thermostat.</source>
+            <translation>Set the temperature T2 in the thermostat.</translation>
+        </message>
+        <message>
+            <source>&lt; Back</source>
+            <translation>&lt; Back</translation>
+        </message>
+        <message>
+            <source>Next &gt;</source>
+            <translation>Next &gt;</translation>
+        </message>
+        <message>
+            <source>Save point</source>
+            <translation>Save point</translation>
+        </message>
+        <message>
+            <source>Write the point (command 141)</source>
+            <translation>Write the point (command 141)</translation>
+        </message>
+        <message>
+            <source>Lower sensor limit</source>
+            <translation>Lower sensor limit</translation>
+        </message>
+        <message>
+            <source>Upper sensor limit</source>
+            <translation>Upper sensor limit</translation>
+        </message>
+        <message>
+            <source>Minimum span</source>
+            <translation>Minimum span</translation>
+        </message>
+        <message>
+            <source>Write the sensor parameters (commands 49 and 147)</source>
+            <translation>Write the sensor parameters (commands 49 and 147)</translation>
+        </message>
+        <message>
+            <source>Read configuration</source>
+            <translation>Read configuration</translation>
+        </message>
+        <message>
+            <source>Read the input and the range from the device</source>
+            <translation>Read the input and the range from the device</translation>
+        </message>
+        <message>
+            <source>Write configuration</source>
+            <translation>Write configuration</translation>
+        </message>
+        <message>
+            <source>Write the changed (blue) settings into the device</source>
+            <translation>Write the changed (blue) settings into the device</translation>
+        </message>
+        <message>
+            <source>Free convertion</source>
+            <translation>Free convertion</translation>
+        </message>
+        <message>
+            <source>Pa  (Pa)</source>
+            <translation>Pa  (Pa)</translation>
+        </message>
+        <message>
+            <source>kPa (kPa)</source>
+            <translation>kPa (kPa)</translation>
+        </message>
+        <message>
+            <source>MPa (MPa)</source>
+            <translation>MPa (MPa)</translation>
+        </message>
+        <message>
+            <source>kgf/sm2 (kgf/sm2)</source>
+            <translation>kgf/sm2 (kgf/sm2)</translation>
+        </message>
+        <message>
+            <source>mbar (mbar)</source>
+            <translation>mbar (mbar)</translation>
+        </message>
+        <message>
+            <source>bar (bar)</source>
+            <translation>bar (bar)</translation>
+        </message>
+        <message>
+            <source>mmWS (mmWS)</source>
+            <translation>mmWS (mmWS)</translation>
+        </message>
+        <message>
+            <source>inchWS (inchWS)</source>
+            <translation>inchWS (inchWS)</translation>
+        </message>
+        <message>
+            <source>mmHg (mmHg)</source>
+            <translation>mmHg (mmHg)</translation>
+        </message>
+        <message>
+            <source>inchHg (inchHg)</source>
+            <translation>inchHg (inchHg)</translation>
+        </message>
+        <message>
+            <source>psi (lb/inch2)</source>
+            <translation>psi (lb/inch2)</translation>
+        </message>
+        <message>
+            <source>Value</source>
+            <translation>Value</translation>
+        </message>
+        <message>
+            <source>correction is disabled</source>
+            <translation>correction is disabled</translation>
+        </message>
+        <message>
+            <source>zero offset correction</source>
+            <translation>zero offset correction</translation>
+        </message>
+        <message>
+            <source>zero offset and gain correction</source>
+            <translation>zero offset and gain correction</translation>
+        </message>
+        <message>
+            <source>write protection is enabled</source>
+            <translation>write protection is enabled</translation>
+        </message>
+        <message>
+            <source>Read device configuration</source>
+            <translation>Read device configuration</translation>
+        </message>
+        <message>
+            <source>Zero adjustment</source>
+            <translation>Zero adjustment</translation>
+        </message>
+        <message>
+            <source>Do you want to set current
+Primary Variable value=%1 %2
+as Zero Value ?</source>
+            <translation>Do you want to set current
+Primary Variable value=%1 %2
+as Zero Value ?</translation>
+        </message>
+        <message>
+            <source>Adjusting zero</source>
+            <translation>Adjusting zero</translation>
+        </message>
+        <message>
+            <source>Gain correction</source>
+            <translation>Gain correction</translation>
+        </message>
+        <message>
+            <source>Do you want to set current
+Primary Variable value=%1 %2
+as upper limit of measurement ?</source>
+            <translation>Do you want to set current
+Primary Variable value=%1 %2
+as upper limit of measurement ?</translation>
+        </message>
+        <message>
+            <source>Real value of input signal (%1):</source>
+            <translation>Real value of input signal (%1):</translation>
+        </message>
+        <message>
+            <source>Adjusting the gain</source>
+            <translation>Adjusting the gain</translation>
+        </message>
+        <message>
+            <source>Linearization table loading</source>
+            <translation>Linearization table loading</translation>
+        </message>
+        <message>
+            <source>Line points count saving</source>
+            <translation>Line points count saving</translation>
+        </message>
+        <message>
+            <source>Calibration units saving</source>
+            <translation>Calibration units saving</translation>
+        </message>
+        <message>
+            <source>Pressure reading</source>
+            <translation>Pressure reading</translation>
+        </message>
+        <message>
+            <source>Linearization point %1 value saving</source>
+            <translation>Linearization point %1 value saving</translation>
+        </message>
+        <message>
+            <source>Temperature correction mode reading</source>
+            <translation>Temperature correction mode reading</translation>
+        </message>
+        <message>
+            <source>Temperature correction mode saving</source>
+            <translation>Temperature correction mode saving</translation>
+        </message>
+        <message>
+            <source>in thermostat should be T1=%1 </source>
+            <translation>in thermostat should be T1=%1 </translation>
+        </message>
+        <message>
+            <source>in the thermostat should be T2=%1 </source>
+            <translation>in the thermostat should be T2=%1 </translation>
+        </message>
+        <message>
+            <source>P%1T%2 correction saving</source>
+            <translation>P%1T%2 correction saving</translation>
+        </message>
+        <message>
+            <source>Operation completed successfully!
+
+Writting temperature is different from previous value at this point.
+Prev = %1 °C - Current = %2 °C</source>
+            <translation>Operation completed successfully!
+
+Writting temperature is different from previous value at this point.
+Prev = %1 °C - Current = %2 °C</translation>
+        </message>
+        <message>
+            <source>Sensor parameters saving</source>
+            <translation>Sensor parameters saving</translation>
         </message>
     </context>
     <context>

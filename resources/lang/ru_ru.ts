@@ -544,6 +544,425 @@ through the menu of the device!</source>
     </message>
 </context>
 <context>
+    <name>DefaultDeviceWidget</name>
+    <message>
+        <source>HART device</source>
+        <translation>HART-прибор</translation>
+    </message>
+    <message>
+        <source>Current state</source>
+        <translation>Текущее состояние</translation>
+    </message>
+    <message>
+        <source>Configuration</source>
+        <translation>Конфигурация</translation>
+    </message>
+    <message>
+        <source>Primary variable</source>
+        <translation>Первичная переменная</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>Единицы</translation>
+    </message>
+    <message>
+        <source>Units of the primary variable and of its range (command 44)</source>
+        <translation>Единицы первичной переменной и её диапазона (команда 44)</translation>
+    </message>
+    <message>
+        <source>Transfer function</source>
+        <translation>Передаточная функция</translation>
+    </message>
+    <message>
+        <source>How the output follows the primary variable (command 47)</source>
+        <translation>Как выход следует за первичной переменной (команда 47)</translation>
+    </message>
+    <message>
+        <source>Alarm selection</source>
+        <translation>Сигнал аварии</translation>
+    </message>
+    <message>
+        <source>What the output does on a failure (command 15)</source>
+        <translation>Что делает выход при отказе (команда 15)</translation>
+    </message>
+    <message>
+        <source>Extended status</source>
+        <translation>Расширенный статус</translation>
+    </message>
+    <message>
+        <source>Conversion range</source>
+        <translation>Диапазон преобразования</translation>
+    </message>
+    <message>
+        <source>Lower range value</source>
+        <translation>Нижний предел</translation>
+    </message>
+    <message>
+        <source>The value at 4 mA (command 35)</source>
+        <translation>Значение при 4 мА (команда 35)</translation>
+    </message>
+    <message>
+        <source>Take from PV</source>
+        <translation>Взять из PV</translation>
+    </message>
+    <message>
+        <source>Make the present primary variable the lower range value (command 37)</source>
+        <translation>Сделать текущую первичную переменную нижним пределом (команда 37)</translation>
+    </message>
+    <message>
+        <source>Upper range value</source>
+        <translation>Верхний предел</translation>
+    </message>
+    <message>
+        <source>The value at 20 mA (command 35)</source>
+        <translation>Значение при 20 мА (команда 35)</translation>
+    </message>
+    <message>
+        <source>Make the present primary variable the upper range value (command 36)</source>
+        <translation>Сделать текущую первичную переменную верхним пределом (команда 36)</translation>
+    </message>
+    <message>
+        <source>Sensor of the primary variable</source>
+        <translation>Датчик первичной переменной</translation>
+    </message>
+    <message>
+        <source>Sensor serial number</source>
+        <translation>Заводской номер датчика</translation>
+    </message>
+    <message>
+        <source>Serial number of the sensor (command 49)</source>
+        <translation>Заводской номер датчика (команда 49)</translation>
+    </message>
+    <message>
+        <source>Lower sensor limit</source>
+        <translation>Нижний предел датчика</translation>
+    </message>
+    <message>
+        <source>Upper sensor limit</source>
+        <translation>Верхний предел датчика</translation>
+    </message>
+    <message>
+        <source>Minimum span</source>
+        <translation>Минимальный диапазон</translation>
+    </message>
+    <message>
+        <source>Output current</source>
+        <translation>Выходной ток</translation>
+    </message>
+    <message>
+        <source>Fixed current, mA</source>
+        <translation>Фиксированный ток, мА</translation>
+    </message>
+    <message>
+        <source>The loop current to hold (command 40)</source>
+        <translation>Ток петли, который надо удерживать (команда 40)</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Установить</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Сброс</translation>
+    </message>
+    <message>
+        <source>End the fixed current mode</source>
+        <translation>Выйти из режима фиксированного тока</translation>
+    </message>
+    <message>
+        <source>Measured current, mA</source>
+        <translation>Измеренный ток, мА</translation>
+    </message>
+    <message>
+        <source>The current a reference meter measures in the loop</source>
+        <translation>Ток в петле по образцовому прибору</translation>
+    </message>
+    <message>
+        <source>Adjust 4 mA</source>
+        <translation>Подстроить 4 мА</translation>
+    </message>
+    <message>
+        <source>Write the measured current as 4 mA (command 45)</source>
+        <translation>Записать измеренный ток как 4 мА (команда 45)</translation>
+    </message>
+    <message>
+        <source>Adjust 20 mA</source>
+        <translation>Подстроить 20 мА</translation>
+    </message>
+    <message>
+        <source>Write the measured current as 20 mA</source>
+        <translation>Записать измеренный ток как 20 мА</translation>
+    </message>
+    <message>
+        <source>Adjust zero</source>
+        <translation>Подстроить ноль</translation>
+    </message>
+    <message>
+        <source>Make the present primary variable the zero (command 43)</source>
+        <translation>Сделать текущую первичную переменную нулём (команда 43)</translation>
+    </message>
+    <message>
+        <source>Device variables</source>
+        <translation>Переменные прибора</translation>
+    </message>
+    <message>
+        <source>Dynamic variables</source>
+        <translation>Динамические переменные</translation>
+    </message>
+    <message>
+        <source>PV</source>
+        <translation>PV</translation>
+    </message>
+    <message>
+        <source>The device variable shown as PV (command 51)</source>
+        <translation>Переменная прибора, показываемая как PV (команда 51)</translation>
+    </message>
+    <message>
+        <source>SV</source>
+        <translation>SV</translation>
+    </message>
+    <message>
+        <source>The device variable shown as SV (command 51)</source>
+        <translation>Переменная прибора, показываемая как SV (команда 51)</translation>
+    </message>
+    <message>
+        <source>TV</source>
+        <translation>TV</translation>
+    </message>
+    <message>
+        <source>The device variable shown as TV (command 51)</source>
+        <translation>Переменная прибора, показываемая как TV (команда 51)</translation>
+    </message>
+    <message>
+        <source>QV</source>
+        <translation>QV</translation>
+    </message>
+    <message>
+        <source>The device variable shown as QV (command 51)</source>
+        <translation>Переменная прибора, показываемая как QV (команда 51)</translation>
+    </message>
+    <message>
+        <source>The device variables (command 9); a row shows its settings (command 54)</source>
+        <translation>Переменные прибора (команда 9); строка показывает свои настройки (команда 54)</translation>
+    </message>
+    <message>
+        <source>Device variable</source>
+        <translation>Переменная прибора</translation>
+    </message>
+    <message>
+        <source>Family</source>
+        <translation>Семейство</translation>
+    </message>
+    <message>
+        <source>Units of the device variable (command 53)</source>
+        <translation>Единицы переменной прибора (команда 53)</translation>
+    </message>
+    <message>
+        <source>Read configuration</source>
+        <translation>Читать конфигурацию</translation>
+    </message>
+    <message>
+        <source>Read the dynamic variables, the range, the sensor and the device variables from the device</source>
+        <translation>Прочитать из прибора динамические переменные, диапазон, датчик и переменные прибора</translation>
+    </message>
+    <message>
+        <source>Write configuration</source>
+        <translation>Записать конфигурацию</translation>
+    </message>
+    <message>
+        <source>Write the changed (blue) settings into the device</source>
+        <translation>Записать изменённые (синие) настройки в прибор</translation>
+    </message>
+    <message>
+        <source>Pa  (Pa)</source>
+        <translation>Па  (Pa)</translation>
+    </message>
+    <message>
+        <source>kPa (kPa)</source>
+        <translation>кПа (kPa)</translation>
+    </message>
+    <message>
+        <source>MPa (MPa)</source>
+        <translation>МПа (MPa)</translation>
+    </message>
+    <message>
+        <source>kgf/sm2 (kgf/sm2)</source>
+        <translation>кгс/см2 (kgf/sm2)</translation>
+    </message>
+    <message>
+        <source>mbar (mbar)</source>
+        <translation>мбар (mbar)</translation>
+    </message>
+    <message>
+        <source>bar (bar)</source>
+        <translation>бар (bar)</translation>
+    </message>
+    <message>
+        <source>mmWS (mmWS)</source>
+        <translation>мм вод. ст. (mmWS)</translation>
+    </message>
+    <message>
+        <source>inchWS (inchWS)</source>
+        <translation>дюйм вод. ст. (inchWS)</translation>
+    </message>
+    <message>
+        <source>mmHg (mmHg)</source>
+        <translation>мм рт. ст. (mmHg)</translation>
+    </message>
+    <message>
+        <source>inchHg (inchHg)</source>
+        <translation>дюйм рт. ст. (inchHg)</translation>
+    </message>
+    <message>
+        <source>psi (lb/inch2)</source>
+        <translation>psi (lb/inch2)</translation>
+    </message>
+    <message>
+        <source>V</source>
+        <translation>В</translation>
+    </message>
+    <message>
+        <source>% (percent)</source>
+        <translation>% (процент)</translation>
+    </message>
+    <message>
+        <source>Null</source>
+        <translation>Нуль</translation>
+    </message>
+    <message>
+        <source>Not Used</source>
+        <translation>Не используется</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Нет</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Неизвестно</translation>
+    </message>
+    <message>
+        <source>Special</source>
+        <translation>Особый</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>Линейная</translation>
+    </message>
+    <message>
+        <source>Square root</source>
+        <translation>Квадратный корень</translation>
+    </message>
+    <message>
+        <source>Square root third power</source>
+        <translation>Корень из третьей степени</translation>
+    </message>
+    <message>
+        <source>Square root fifth power</source>
+        <translation>Корень из пятой степени</translation>
+    </message>
+    <message>
+        <source>Special curve</source>
+        <translation>Особая кривая</translation>
+    </message>
+    <message>
+        <source>Square</source>
+        <translation>Квадрат</translation>
+    </message>
+    <message>
+        <source>Discrete (switch)</source>
+        <translation>Дискретная (ключ)</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>Код</translation>
+    </message>
+    <message>
+        <source>Class</source>
+        <translation>Класс</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Значение</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Единица</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Статус</translation>
+    </message>
+    <message>
+        <source>code %1</source>
+        <translation>код %1</translation>
+    </message>
+    <message>
+        <source>write protection is enabled</source>
+        <translation>включена защита от записи</translation>
+    </message>
+    <message>
+        <source>Device variable %1</source>
+        <translation>Переменная прибора %1</translation>
+    </message>
+    <message>
+        <source>Try command 9 to get </source>
+        <translation>Команда 9 для чтения </translation>
+    </message>
+    <message>
+        <source>device variables</source>
+        <translation>переменных прибора</translation>
+    </message>
+    <message>
+        <source>Read device configuration</source>
+        <translation>Чтение конфигурации прибора</translation>
+    </message>
+    <message>
+        <source>Read device variable information</source>
+        <translation>Чтение сведений о переменной прибора</translation>
+    </message>
+    <message>
+        <source>Zero adjustment</source>
+        <translation>Подстройка нуля</translation>
+    </message>
+    <message>
+        <source>Do you want to set current
+Primary Variable value=%1 %2
+as Zero Value ?</source>
+        <translation>Сделать текущее
+значение первичной переменной=%1 %2
+нулём?</translation>
+    </message>
+    <message>
+        <source>Adjusting zero</source>
+        <translation>Подстройка нуля</translation>
+    </message>
+    <message>
+        <source>20mA adjustment</source>
+        <translation>Подстройка 20 мА</translation>
+    </message>
+    <message>
+        <source>4mA adjustment</source>
+        <translation>Подстройка 4 мА</translation>
+    </message>
+    <message>
+        <source>Have you set fixed loop current value at 20 mA ?</source>
+        <translation>Фиксированный ток петли установлен на 20 мА?</translation>
+    </message>
+    <message>
+        <source>Have you set fixed loop current value at 4 mA ?</source>
+        <translation>Фиксированный ток петли установлен на 4 мА?</translation>
+    </message>
+    <message>
+        <source>Do you really want to set the measured current value =%1 as 20 mA ?</source>
+        <translation>Действительно записать измеренный ток =%1 как 20 мА?</translation>
+    </message>
+    <message>
+        <source>Do you really want to set the measured current value=%1 as 4 mA ?</source>
+        <translation>Действительно записать измеренный ток=%1 как 4 мА?</translation>
+    </message>
+</context>
+<context>
     <name>Device</name>
     <message>
         <source>form device</source>
@@ -2656,6 +3075,665 @@ Stop polling before searching the lines.</source>
     </message>
 </context>
 <context>
+    <name>PH77Widget</name>
+    <message>
+        <source>pH meter</source>
+        <translation>pH-метр</translation>
+    </message>
+    <message>
+        <source>Current state</source>
+        <translation>Текущее состояние</translation>
+    </message>
+    <message>
+        <source>Configuration</source>
+        <translation>Конфигурация</translation>
+    </message>
+    <message>
+        <source>pH channel</source>
+        <translation>Канал pH</translation>
+    </message>
+    <message>
+        <source>Measurement mode</source>
+        <translation>Режим измерения</translation>
+    </message>
+    <message>
+        <source>What the device measures (command 131)</source>
+        <translation>Что измеряет прибор (команда 131)</translation>
+    </message>
+    <message>
+        <source>Isopotential point Ei, mV</source>
+        <translation>Изопотенциальная точка Ei, мВ</translation>
+    </message>
+    <message>
+        <source>EMF of the electrode at the isopotential point (command 131)</source>
+        <translation>ЭДС электрода в изопотенциальной точке (команда 131)</translation>
+    </message>
+    <message>
+        <source>Steepness S, mV/pH</source>
+        <translation>Крутизна S, мВ/pH</translation>
+    </message>
+    <message>
+        <source>Steepness of the electrode at 25 °C (command 131)</source>
+        <translation>Крутизна электрода при 25 °C (команда 131)</translation>
+    </message>
+    <message>
+        <source>Isopotential point pHi</source>
+        <translation>Изопотенциальная точка pHi</translation>
+    </message>
+    <message>
+        <source>pH of the isopotential point; the graduation does not change it</source>
+        <translation>pH изопотенциальной точки; градуировка его не меняет</translation>
+    </message>
+    <message>
+        <source>The device measures millivolts; the electrode parameters are not used in this mode.</source>
+        <translation>Прибор измеряет милливольты; параметры электрода в этом режиме не используются.</translation>
+    </message>
+    <message>
+        <source>Electrode diagnostics</source>
+        <translation>Диагностика электрода</translation>
+    </message>
+    <message>
+        <source>Test of the resistance of the auxiliary electrode (command 133)</source>
+        <translation>Контроль сопротивления вспомогательного электрода (команда 133)</translation>
+    </message>
+    <message>
+        <source>Sensor serial number</source>
+        <translation>Заводской номер датчика</translation>
+    </message>
+    <message>
+        <source>Serial number of the sensor (command 49)</source>
+        <translation>Заводской номер датчика (команда 49)</translation>
+    </message>
+    <message>
+        <source>pH filter</source>
+        <translation>Фильтр pH</translation>
+    </message>
+    <message>
+        <source>Averaging time of a small signal, s</source>
+        <translation>Время усреднения малого сигнала, с</translation>
+    </message>
+    <message>
+        <source>Command 132</source>
+        <translation>Команда 132</translation>
+    </message>
+    <message>
+        <source>Averaging time of a big signal, s</source>
+        <translation>Время усреднения большого сигнала, с</translation>
+    </message>
+    <message>
+        <source>Threshold of a big signal</source>
+        <translation>Порог большого сигнала</translation>
+    </message>
+    <message>
+        <source>Temperature channel</source>
+        <translation>Канал температуры</translation>
+    </message>
+    <message>
+        <source>Temperature compensation</source>
+        <translation>Термокомпенсация</translation>
+    </message>
+    <message>
+        <source>Command 135</source>
+        <translation>Команда 135</translation>
+    </message>
+    <message>
+        <source>Manually set temperature, °C</source>
+        <translation>Температура, заданная вручную, °C</translation>
+    </message>
+    <message>
+        <source>Temperature sensor</source>
+        <translation>Датчик температуры</translation>
+    </message>
+    <message>
+        <source>Command 136</source>
+        <translation>Команда 136</translation>
+    </message>
+    <message>
+        <source>Resistance at 0 °C, Ohm</source>
+        <translation>Сопротивление при 0 °C, Ом</translation>
+    </message>
+    <message>
+        <source>Temperature correction, °C</source>
+        <translation>Поправка температуры, °C</translation>
+    </message>
+    <message>
+        <source>Temperature filter</source>
+        <translation>Фильтр температуры</translation>
+    </message>
+    <message>
+        <source>Command 137</source>
+        <translation>Команда 137</translation>
+    </message>
+    <message>
+        <source>Threshold of a big signal, °C</source>
+        <translation>Порог большого сигнала, °C</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <translation>Диапазон</translation>
+    </message>
+    <message>
+        <source>Sensor limits</source>
+        <translation>Пределы датчика</translation>
+    </message>
+    <message>
+        <source>Lower sensor limit</source>
+        <translation>Нижний предел датчика</translation>
+    </message>
+    <message>
+        <source>Upper sensor limit</source>
+        <translation>Верхний предел датчика</translation>
+    </message>
+    <message>
+        <source>Minimum span</source>
+        <translation>Минимальный диапазон</translation>
+    </message>
+    <message>
+        <source>Conversion range</source>
+        <translation>Диапазон преобразования</translation>
+    </message>
+    <message>
+        <source>Lower range value</source>
+        <translation>Нижний предел</translation>
+    </message>
+    <message>
+        <source>The value at 4 mA (command 35)</source>
+        <translation>Значение при 4 мА (команда 35)</translation>
+    </message>
+    <message>
+        <source>Take from PV</source>
+        <translation>Взять из PV</translation>
+    </message>
+    <message>
+        <source>Make the present primary variable the lower range value (command 37)</source>
+        <translation>Сделать текущую первичную переменную нижним пределом (команда 37)</translation>
+    </message>
+    <message>
+        <source>Upper range value</source>
+        <translation>Верхний предел</translation>
+    </message>
+    <message>
+        <source>The value at 20 mA (command 35)</source>
+        <translation>Значение при 20 мА (команда 35)</translation>
+    </message>
+    <message>
+        <source>Make the present primary variable the upper range value (command 36)</source>
+        <translation>Сделать текущую первичную переменную верхним пределом (команда 36)</translation>
+    </message>
+    <message>
+        <source>Indication range</source>
+        <translation>Диапазон индикации</translation>
+    </message>
+    <message>
+        <source>Lower value</source>
+        <translation>Нижнее значение</translation>
+    </message>
+    <message>
+        <source>Command 141</source>
+        <translation>Команда 141</translation>
+    </message>
+    <message>
+        <source>Upper value</source>
+        <translation>Верхнее значение</translation>
+    </message>
+    <message>
+        <source>Fixed output current</source>
+        <translation>Фиксированный выходной ток</translation>
+    </message>
+    <message>
+        <source>Current, mA</source>
+        <translation>Ток, мА</translation>
+    </message>
+    <message>
+        <source>The loop current to hold (command 40)</source>
+        <translation>Ток петли, который надо удерживать (команда 40)</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Установить</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Сброс</translation>
+    </message>
+    <message>
+        <source>End the fixed current mode</source>
+        <translation>Выйти из режима фиксированного тока</translation>
+    </message>
+    <message>
+        <source>Manufacturer settings</source>
+        <translation>Заводские настройки</translation>
+    </message>
+    <message>
+        <source>Save as manufacturer settings</source>
+        <translation>Сохранить как заводские</translation>
+    </message>
+    <message>
+        <source>Keep the present settings of the device as its manufacturer settings</source>
+        <translation>Сохранить текущие настройки прибора как заводские</translation>
+    </message>
+    <message>
+        <source>Restore manufacturer settings</source>
+        <translation>Восстановить заводские</translation>
+    </message>
+    <message>
+        <source>Bring the device back to its manufacturer settings</source>
+        <translation>Вернуть прибору заводские настройки</translation>
+    </message>
+    <message>
+        <source>Graduation</source>
+        <translation>Градуировка</translation>
+    </message>
+    <message>
+        <source>Current graduation</source>
+        <translation>Текущая градуировка</translation>
+    </message>
+    <message>
+        <source>pH</source>
+        <translation>pH</translation>
+    </message>
+    <message>
+        <source>E, mV</source>
+        <translation>E, мВ</translation>
+    </message>
+    <message>
+        <source>T, °C</source>
+        <translation>T, °C</translation>
+    </message>
+    <message>
+        <source>Point 1</source>
+        <translation>Точка 1</translation>
+    </message>
+    <message>
+        <source>Point 2</source>
+        <translation>Точка 2</translation>
+    </message>
+    <message>
+        <source>Graduation type</source>
+        <translation>Тип градуировки</translation>
+    </message>
+    <message>
+        <source>With one or two buffer solutions</source>
+        <translation>По одному или двум буферным растворам</translation>
+    </message>
+    <message>
+        <source>Start graduation</source>
+        <translation>Начать градуировку</translation>
+    </message>
+    <message>
+        <source>Read</source>
+        <translation>Прочитать</translation>
+    </message>
+    <message>
+        <source>Read the current graduation values (command 150)</source>
+        <translation>Прочитать текущие значения градуировки (команда 150)</translation>
+    </message>
+    <message>
+        <source>Stop graduation</source>
+        <translation>Остановить градуировку</translation>
+    </message>
+    <message>
+        <source>Stop the graduation and read the current values</source>
+        <translation>Остановить градуировку и прочитать текущие значения</translation>
+    </message>
+    <message>
+        <source>Point 1: put the electrode into the buffer solution and start the measurement. Write the point when the buffer pH turns green.</source>
+        <translation>Точка 1: опустите электрод в буферный раствор и начните измерение. Запишите точку, когда pH буфера станет зелёным.</translation>
+    </message>
+    <message>
+        <source>Buffer solution pH</source>
+        <translation>pH буферного раствора</translation>
+    </message>
+    <message>
+        <source>The pH of the buffer solution the device recognised; it may be corrected</source>
+        <translation>pH буферного раствора, распознанного прибором; его можно исправить</translation>
+    </message>
+    <message>
+        <source>Start measurement</source>
+        <translation>Начать измерение</translation>
+    </message>
+    <message>
+        <source>Watch the electrode in the buffer solution (command 33)</source>
+        <translation>Следить за электродом в буферном растворе (команда 33)</translation>
+    </message>
+    <message>
+        <source>Electrode EMF</source>
+        <translation>ЭДС электрода</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Температура</translation>
+    </message>
+    <message>
+        <source>Write point 1</source>
+        <translation>Записать точку 1</translation>
+    </message>
+    <message>
+        <source>Write the graduation point (command 151)</source>
+        <translation>Записать точку градуировки (команда 151)</translation>
+    </message>
+    <message>
+        <source>Point 2: put the electrode into the buffer solution and start the measurement. Write the point when the buffer pH turns green.</source>
+        <translation>Точка 2: опустите электрод в буферный раствор и начните измерение. Запишите точку, когда pH буфера станет зелёным.</translation>
+    </message>
+    <message>
+        <source>Write point 2</source>
+        <translation>Записать точку 2</translation>
+    </message>
+    <message>
+        <source>Metrology</source>
+        <translation>Метрология</translation>
+    </message>
+    <message>
+        <source>Choose what to adjust. Each adjustment needs the metrology access code of the device.</source>
+        <translation>Выберите, что подстраивать. Для каждой подстройки нужен код метрологического доступа прибора.</translation>
+    </message>
+    <message>
+        <source>Output current 4-20 mA</source>
+        <translation>Выходной ток 4-20 мА</translation>
+    </message>
+    <message>
+        <source>Measuring channels U, Rc, Rt</source>
+        <translation>Измерительные каналы U, Rc, Rt</translation>
+    </message>
+    <message>
+        <source>Ranges of Ei and S</source>
+        <translation>Диапазоны Ei и S</translation>
+    </message>
+    <message>
+        <source>Sensor parameters</source>
+        <translation>Параметры датчика</translation>
+    </message>
+    <message>
+        <source>Metrology access code</source>
+        <translation>Код метрологического доступа</translation>
+    </message>
+    <message>
+        <source>The code that opens the adjustment of the device (command 190)</source>
+        <translation>Код, открывающий подстройку прибора (команда 190)</translation>
+    </message>
+    <message>
+        <source>Open access</source>
+        <translation>Открыть доступ</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Set the current, measure it with a reference meter, enter the measured value and adjust.</source>
+        <translation>Установите ток, измерьте его образцовым прибором, введите измеренное значение и подстройте.</translation>
+    </message>
+    <message>
+        <source>Set 4 mA</source>
+        <translation>Установить 4 мА</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>мА</translation>
+    </message>
+    <message>
+        <source>Adjust 4 mA</source>
+        <translation>Подстроить 4 мА</translation>
+    </message>
+    <message>
+        <source>Write the measured current (command 45)</source>
+        <translation>Записать измеренный ток (команда 45)</translation>
+    </message>
+    <message>
+        <source>Set 20 mA</source>
+        <translation>Установить 20 мА</translation>
+    </message>
+    <message>
+        <source>Adjust 20 mA</source>
+        <translation>Подстроить 20 мА</translation>
+    </message>
+    <message>
+        <source>Write the measured current (command 46)</source>
+        <translation>Записать измеренный ток (команда 46)</translation>
+    </message>
+    <message>
+        <source>Complete adjustment</source>
+        <translation>Завершить подстройку</translation>
+    </message>
+    <message>
+        <source>Release the current, close metrology access and leave the adjustment</source>
+        <translation>Освободить ток, закрыть метрологический доступ и выйти из подстройки</translation>
+    </message>
+    <message>
+        <source>Reading</source>
+        <translation>Показание</translation>
+    </message>
+    <message>
+        <source>Reference value</source>
+        <translation>Образцовое значение</translation>
+    </message>
+    <message>
+        <source>Adjusted at</source>
+        <translation>Подстроено при</translation>
+    </message>
+    <message>
+        <source>U, mV</source>
+        <translation>U, мВ</translation>
+    </message>
+    <message>
+        <source>Adjust the U channel at point 1 (command 172)</source>
+        <translation>Подстроить канал U в точке 1 (команда 172)</translation>
+    </message>
+    <message>
+        <source>Adjust the U channel at point 2 (command 172)</source>
+        <translation>Подстроить канал U в точке 2 (команда 172)</translation>
+    </message>
+    <message>
+        <source>Rc, kOhm</source>
+        <translation>Rc, кОм</translation>
+    </message>
+    <message>
+        <source>Adjust the Rc channel at point 1 (command 174)</source>
+        <translation>Подстроить канал Rc в точке 1 (команда 174)</translation>
+    </message>
+    <message>
+        <source>Adjust the Rc channel at point 2 (command 174)</source>
+        <translation>Подстроить канал Rc в точке 2 (команда 174)</translation>
+    </message>
+    <message>
+        <source>Rt, Ohm</source>
+        <translation>Rt, Ом</translation>
+    </message>
+    <message>
+        <source>Adjust</source>
+        <translation>Подстроить</translation>
+    </message>
+    <message>
+        <source>Adjust the Rt channel (command 173)</source>
+        <translation>Подстроить канал Rt (команда 173)</translation>
+    </message>
+    <message>
+        <source>Watch U, Rc and Rt (command 33)</source>
+        <translation>Следить за U, Rc и Rt (команда 33)</translation>
+    </message>
+    <message>
+        <source>Close metrology access and leave the adjustment</source>
+        <translation>Закрыть метрологический доступ и выйти из подстройки</translation>
+    </message>
+    <message>
+        <source>Ei from, mV</source>
+        <translation>Ei от, мВ</translation>
+    </message>
+    <message>
+        <source>to</source>
+        <translation>до</translation>
+    </message>
+    <message>
+        <source>S from, mV/pH</source>
+        <translation>S от, мВ/pH</translation>
+    </message>
+    <message>
+        <source>Write</source>
+        <translation>Записать</translation>
+    </message>
+    <message>
+        <source>Write the ranges (command 176)</source>
+        <translation>Записать диапазоны (команда 176)</translation>
+    </message>
+    <message>
+        <source>Write the sensor parameters (commands 49 and 142)</source>
+        <translation>Записать параметры датчика (команды 49 и 142)</translation>
+    </message>
+    <message>
+        <source>Read configuration</source>
+        <translation>Читать конфигурацию</translation>
+    </message>
+    <message>
+        <source>Read the electrode, temperature, range, graduation and sensor settings from the device</source>
+        <translation>Прочитать из прибора настройки электрода, температуры, диапазона, градуировки и датчика</translation>
+    </message>
+    <message>
+        <source>Write configuration</source>
+        <translation>Записать конфигурацию</translation>
+    </message>
+    <message>
+        <source>Write the changed (blue) settings into the device</source>
+        <translation>Записать изменённые (синие) настройки в прибор</translation>
+    </message>
+    <message>
+        <source>Stop measurement</source>
+        <translation>Остановить измерение</translation>
+    </message>
+    <message>
+        <source>pH-meter</source>
+        <translation>pH-метр</translation>
+    </message>
+    <message>
+        <source>pH-meter with VCW</source>
+        <translation>pH-метр с ВСЭ</translation>
+    </message>
+    <message>
+        <source>OVP-meter</source>
+        <translation>ОВП-метр</translation>
+    </message>
+    <message>
+        <source>EMF-meter</source>
+        <translation>мВ-метр</translation>
+    </message>
+    <message>
+        <source>measured by temperature sensor</source>
+        <translation>по датчику температуры</translation>
+    </message>
+    <message>
+        <source>manually set temperature</source>
+        <translation>температура задана вручную</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>выкл</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>вкл</translation>
+    </message>
+    <message>
+        <source>P</source>
+        <translation>П</translation>
+    </message>
+    <message>
+        <source> (W=1,385)</source>
+        <translation> (W=1,385)</translation>
+    </message>
+    <message>
+        <source>Pt (W=1,391)</source>
+        <translation>Pt (W=1,391)</translation>
+    </message>
+    <message>
+        <source>1-point</source>
+        <translation>1-точечная</translation>
+    </message>
+    <message>
+        <source>2-point</source>
+        <translation>2-точечная</translation>
+    </message>
+    <message>
+        <source>write protection is enabled</source>
+        <translation>включена защита от записи</translation>
+    </message>
+    <message>
+        <source>Read device configuration</source>
+        <translation>Чтение конфигурации прибора</translation>
+    </message>
+    <message>
+        <source>It is forbidden to turn on the test of the resistance of the auxiliary electrode with a two-wire connection diagram of the ES, since in this mode the current consumption exceeds 4 mA!</source>
+        <translation>Запрещено включать контроль сопротивления вспомогательного электрода при двухпроводной схеме подключения ЭС: в этом режиме ток потребления превышает 4 мА!</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Ошибка</translation>
+    </message>
+    <message>
+        <source>Undefined</source>
+        <translation>Не определён</translation>
+    </message>
+    <message>
+        <source>Err</source>
+        <translation>Ошибка</translation>
+    </message>
+    <message>
+        <source>nan</source>
+        <translation>nan</translation>
+    </message>
+    <message>
+        <source>Current graduation values</source>
+        <translation>Текущие значения градуировки</translation>
+    </message>
+    <message>
+        <source>Adjustment</source>
+        <translation>Подстройка</translation>
+    </message>
+    <message>
+        <source>You are in metrology mode and really want to start graduation?</source>
+        <translation>Вы в режиме метрологии и действительно хотите начать градуировку?</translation>
+    </message>
+    <message>
+        <source>Write graduation point %1</source>
+        <translation>Запись точки градуировки %1</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>Записано</translation>
+    </message>
+    <message>
+        <source>Reading metrological parameters</source>
+        <translation>Чтение метрологических параметров</translation>
+    </message>
+    <message>
+        <source>U adjustment</source>
+        <translation>Подстройка U</translation>
+    </message>
+    <message>
+        <source>Rc adjustment</source>
+        <translation>Подстройка Rc</translation>
+    </message>
+    <message>
+        <source>Rt adjustment</source>
+        <translation>Подстройка Rt</translation>
+    </message>
+    <message>
+        <source>Reading the ranges of Ei and S</source>
+        <translation>Чтение диапазонов Ei и S</translation>
+    </message>
+    <message>
+        <source>Ei and S ranges</source>
+        <translation>диапазоны Ei и S</translation>
+    </message>
+    <message>
+        <source>Reading sensor parameters</source>
+        <translation>Чтение параметров датчика</translation>
+    </message>
+    <message>
+        <source>Sensor parameters saving</source>
+        <translation>Запись параметров датчика</translation>
+    </message>
+</context>
+<context>
     <name>PVWidget</name>
     <message>
         <source>Variables</source>
@@ -2740,13 +3818,6 @@ Stop polling before searching the lines.</source>
     <message>
         <source>current loop disabled</source>
         <translation>токовая петля отключена</translation>
-    </message>
-</context>
-<context>
-    <name>PlainDeviceWidget</name>
-    <message>
-        <source>Device</source>
-        <translation>Устройство</translation>
     </message>
 </context>
 <context>
@@ -2881,6 +3952,587 @@ Stop polling before searching the lines.</source>
     <message>
         <source>manufacturer settings</source>
         <translation>настройки производителя</translation>
+    </message>
+</context>
+<context>
+    <name>QP1Widget</name>
+    <message>
+        <source>Pressure converter</source>
+        <translation>Преобразователь давления</translation>
+    </message>
+    <message>
+        <source>Current state</source>
+        <translation>Текущее состояние</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>Вход</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>Единицы</translation>
+    </message>
+    <message>
+        <source>The units of the pressure (command 44)</source>
+        <translation>Единицы давления (команда 44)</translation>
+    </message>
+    <message>
+        <source>Sensor serial number</source>
+        <translation>Заводской номер датчика</translation>
+    </message>
+    <message>
+        <source>Serial number of the sensor (command 49)</source>
+        <translation>Заводской номер датчика (команда 49)</translation>
+    </message>
+    <message>
+        <source>Decimal point</source>
+        <translation>Десятичная точка</translation>
+    </message>
+    <message>
+        <source>Digits after the point on the indicator (command 133)</source>
+        <translation>Знаков после точки на индикаторе (команда 133)</translation>
+    </message>
+    <message>
+        <source>Averaging count</source>
+        <translation>Число усреднений</translation>
+    </message>
+    <message>
+        <source>Measurements averaged into one value (command 134)</source>
+        <translation>Сколько измерений усредняются в одно значение (команда 134)</translation>
+    </message>
+    <message>
+        <source>Lower indication</source>
+        <translation>Нижнее значение индикации</translation>
+    </message>
+    <message>
+        <source>The lower value of the indicator (command 146)</source>
+        <translation>Нижнее значение индикатора (команда 146)</translation>
+    </message>
+    <message>
+        <source>Upper indication</source>
+        <translation>Верхнее значение индикации</translation>
+    </message>
+    <message>
+        <source>The upper value of the indicator (command 146)</source>
+        <translation>Верхнее значение индикатора (команда 146)</translation>
+    </message>
+    <message>
+        <source>Input at the lower indication</source>
+        <translation>Вход при нижней индикации</translation>
+    </message>
+    <message>
+        <source>The input value shown as the lower indication (command 145)</source>
+        <translation>Входное значение, показываемое как нижняя индикация (команда 145)</translation>
+    </message>
+    <message>
+        <source>Input at the upper indication</source>
+        <translation>Вход при верхней индикации</translation>
+    </message>
+    <message>
+        <source>The input value shown as the upper indication (command 145)</source>
+        <translation>Входное значение, показываемое как верхняя индикация (команда 145)</translation>
+    </message>
+    <message>
+        <source>The indicator shows the pressure in the units chosen.</source>
+        <translation>Индикатор показывает давление в выбранных единицах.</translation>
+    </message>
+    <message>
+        <source>Zero and gain</source>
+        <translation>Ноль и усиление</translation>
+    </message>
+    <message>
+        <source>Apply zero pressure and correct the zero; apply the upper pressure and correct the gain.</source>
+        <translation>Подайте нулевое давление и скорректируйте ноль; подайте верхнее давление и скорректируйте усиление.</translation>
+    </message>
+    <message>
+        <source>Correct zero</source>
+        <translation>Коррекция нуля</translation>
+    </message>
+    <message>
+        <source>Make the present pressure the zero (command 43)</source>
+        <translation>Сделать текущее давление нулём (команда 43)</translation>
+    </message>
+    <message>
+        <source>Correct gain</source>
+        <translation>Коррекция усиления</translation>
+    </message>
+    <message>
+        <source>Make the present pressure the upper limit of measurement (command 142)</source>
+        <translation>Сделать текущее давление верхним пределом измерения (команда 142)</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <translation>Диапазон</translation>
+    </message>
+    <message>
+        <source>Conversion range</source>
+        <translation>Диапазон преобразования</translation>
+    </message>
+    <message>
+        <source>Lower range value</source>
+        <translation>Нижний предел</translation>
+    </message>
+    <message>
+        <source>The value at 4 mA (command 35)</source>
+        <translation>Значение при 4 мА (команда 35)</translation>
+    </message>
+    <message>
+        <source>Take from PV</source>
+        <translation>Взять из PV</translation>
+    </message>
+    <message>
+        <source>Make the present primary variable the lower range value (command 37)</source>
+        <translation>Сделать текущую первичную переменную нижним пределом (команда 37)</translation>
+    </message>
+    <message>
+        <source>Upper range value</source>
+        <translation>Верхний предел</translation>
+    </message>
+    <message>
+        <source>The value at 20 mA (command 35)</source>
+        <translation>Значение при 20 мА (команда 35)</translation>
+    </message>
+    <message>
+        <source>Make the present primary variable the upper range value (command 36)</source>
+        <translation>Сделать текущую первичную переменную верхним пределом (команда 36)</translation>
+    </message>
+    <message>
+        <source>Fixed output current</source>
+        <translation>Фиксированный выходной ток</translation>
+    </message>
+    <message>
+        <source>Current, mA</source>
+        <translation>Ток, мА</translation>
+    </message>
+    <message>
+        <source>The loop current to hold (command 40)</source>
+        <translation>Ток петли, который надо удерживать (команда 40)</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Установить</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Сброс</translation>
+    </message>
+    <message>
+        <source>End the fixed current mode</source>
+        <translation>Выйти из режима фиксированного тока</translation>
+    </message>
+    <message>
+        <source>Manufacturer settings</source>
+        <translation>Заводские настройки</translation>
+    </message>
+    <message>
+        <source>Save as manufacturer settings</source>
+        <translation>Сохранить как заводские</translation>
+    </message>
+    <message>
+        <source>Keep the present settings of the device as its manufacturer settings</source>
+        <translation>Сохранить текущие настройки прибора как заводские</translation>
+    </message>
+    <message>
+        <source>Restore manufacturer settings</source>
+        <translation>Восстановить заводские</translation>
+    </message>
+    <message>
+        <source>Bring the device back to its manufacturer settings</source>
+        <translation>Вернуть прибору заводские настройки</translation>
+    </message>
+    <message>
+        <source>Adjustment</source>
+        <translation>Подстройка</translation>
+    </message>
+    <message>
+        <source>Choose what to adjust. Each adjustment needs the metrology access code of the device.</source>
+        <translation>Выберите, что подстраивать. Для каждой подстройки нужен код метрологического доступа прибора.</translation>
+    </message>
+    <message>
+        <source>Output current 4-20 mA</source>
+        <translation>Выходной ток 4-20 мА</translation>
+    </message>
+    <message>
+        <source>Linearization table</source>
+        <translation>Таблица линеаризации</translation>
+    </message>
+    <message>
+        <source>Temperature correction</source>
+        <translation>Температурная коррекция</translation>
+    </message>
+    <message>
+        <source>Sensor parameters</source>
+        <translation>Параметры датчика</translation>
+    </message>
+    <message>
+        <source>Metrology access code</source>
+        <translation>Код метрологического доступа</translation>
+    </message>
+    <message>
+        <source>The code that opens the adjustment of the device (command 190)</source>
+        <translation>Код, открывающий подстройку прибора (команда 190)</translation>
+    </message>
+    <message>
+        <source>Open access</source>
+        <translation>Открыть доступ</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Set the current, measure it with a reference meter, enter the measured value and adjust.</source>
+        <translation>Установите ток, измерьте его образцовым прибором, введите измеренное значение и подстройте.</translation>
+    </message>
+    <message>
+        <source>Set 4 mA</source>
+        <translation>Установить 4 мА</translation>
+    </message>
+    <message>
+        <source>mA</source>
+        <translation>мА</translation>
+    </message>
+    <message>
+        <source>Adjust 4 mA</source>
+        <translation>Подстроить 4 мА</translation>
+    </message>
+    <message>
+        <source>Write the measured current (command 45)</source>
+        <translation>Записать измеренный ток (команда 45)</translation>
+    </message>
+    <message>
+        <source>Set 20 mA</source>
+        <translation>Установить 20 мА</translation>
+    </message>
+    <message>
+        <source>Adjust 20 mA</source>
+        <translation>Подстроить 20 мА</translation>
+    </message>
+    <message>
+        <source>Write the measured current (command 46)</source>
+        <translation>Записать измеренный ток (команда 46)</translation>
+    </message>
+    <message>
+        <source>Complete adjustment</source>
+        <translation>Завершить подстройку</translation>
+    </message>
+    <message>
+        <source>Release the current, close metrology access and leave the adjustment</source>
+        <translation>Освободить ток, закрыть метрологический доступ и выйти из подстройки</translation>
+    </message>
+    <message>
+        <source>Sensor range</source>
+        <translation>Диапазон датчика</translation>
+    </message>
+    <message>
+        <source>Calibration units</source>
+        <translation>Единицы калибровки</translation>
+    </message>
+    <message>
+        <source>Write</source>
+        <translation>Записать</translation>
+    </message>
+    <message>
+        <source>Write the units of the table (command 136)</source>
+        <translation>Записать единицы таблицы (команда 136)</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>Точки</translation>
+    </message>
+    <message>
+        <source>Write the number of points (command 137)</source>
+        <translation>Записать число точек (команда 137)</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Перечитать</translation>
+    </message>
+    <message>
+        <source>Read the table from the device again (command 148)</source>
+        <translation>Перечитать таблицу из прибора (команда 148)</translation>
+    </message>
+    <message>
+        <source>Edit points</source>
+        <translation>Правка точек</translation>
+    </message>
+    <message>
+        <source>Close metrology access and leave the adjustment</source>
+        <translation>Закрыть метрологический доступ и выйти из подстройки</translation>
+    </message>
+    <message>
+        <source>Point</source>
+        <translation>Точка</translation>
+    </message>
+    <message>
+        <source>Read pressure</source>
+        <translation>Прочитать давление</translation>
+    </message>
+    <message>
+        <source>What the device measures now (command 149)</source>
+        <translation>Что прибор измеряет сейчас (команда 149)</translation>
+    </message>
+    <message>
+        <source>Write point</source>
+        <translation>Записать точку</translation>
+    </message>
+    <message>
+        <source>Write the reference value of the point (command 138)</source>
+        <translation>Записать образцовое значение точки (команда 138)</translation>
+    </message>
+    <message>
+        <source>Back to the table</source>
+        <translation>Назад к таблице</translation>
+    </message>
+    <message>
+        <source>Correction mode</source>
+        <translation>Режим коррекции</translation>
+    </message>
+    <message>
+        <source>Write the correction mode (command 140)</source>
+        <translation>Записать режим коррекции (команда 140)</translation>
+    </message>
+    <message>
+        <source>T1, °C</source>
+        <translation>T1, °C</translation>
+    </message>
+    <message>
+        <source>T2, °C</source>
+        <translation>T2, °C</translation>
+    </message>
+    <message>
+        <source>Correct at T1 and T2</source>
+        <translation>Коррекция при T1 и T2</translation>
+    </message>
+    <message>
+        <source>Put the device into the thermostat and set the temperature T1.</source>
+        <translation>Поместите прибор в термостат и установите температуру T1.</translation>
+    </message>
+    <message>
+        <source>Temperature, °C</source>
+        <translation>Температура, °C</translation>
+    </message>
+    <message>
+        <source>Apply the pressure P1 and save the point.</source>
+        <translation>Подайте давление P1 и сохраните точку.</translation>
+    </message>
+    <message>
+        <source>Apply the pressure P2 and save the point.</source>
+        <translation>Подайте давление P2 и сохраните точку.</translation>
+    </message>
+    <message>
+        <source>Set the temperature T2 in the thermostat.</source>
+        <translation>Установите в термостате температуру T2.</translation>
+    </message>
+    <message>
+        <source>&lt; Back</source>
+        <translation>&lt; Назад</translation>
+    </message>
+    <message>
+        <source>Next &gt;</source>
+        <translation>Далее &gt;</translation>
+    </message>
+    <message>
+        <source>Save point</source>
+        <translation>Сохранить точку</translation>
+    </message>
+    <message>
+        <source>Write the point (command 141)</source>
+        <translation>Записать точку (команда 141)</translation>
+    </message>
+    <message>
+        <source>Lower sensor limit</source>
+        <translation>Нижний предел датчика</translation>
+    </message>
+    <message>
+        <source>Upper sensor limit</source>
+        <translation>Верхний предел датчика</translation>
+    </message>
+    <message>
+        <source>Minimum span</source>
+        <translation>Минимальный диапазон</translation>
+    </message>
+    <message>
+        <source>Write the sensor parameters (commands 49 and 147)</source>
+        <translation>Записать параметры датчика (команды 49 и 147)</translation>
+    </message>
+    <message>
+        <source>Read configuration</source>
+        <translation>Читать конфигурацию</translation>
+    </message>
+    <message>
+        <source>Read the input and the range from the device</source>
+        <translation>Прочитать из прибора вход и диапазон</translation>
+    </message>
+    <message>
+        <source>Write configuration</source>
+        <translation>Записать конфигурацию</translation>
+    </message>
+    <message>
+        <source>Write the changed (blue) settings into the device</source>
+        <translation>Записать изменённые (синие) настройки в прибор</translation>
+    </message>
+    <message>
+        <source>Free convertion</source>
+        <translation>Свободное преобразование</translation>
+    </message>
+    <message>
+        <source>Pa  (Pa)</source>
+        <translation>Па  (Pa)</translation>
+    </message>
+    <message>
+        <source>kPa (kPa)</source>
+        <translation>кПа (kPa)</translation>
+    </message>
+    <message>
+        <source>MPa (MPa)</source>
+        <translation>МПа (MPa)</translation>
+    </message>
+    <message>
+        <source>kgf/sm2 (kgf/sm2)</source>
+        <translation>кгс/см2 (kgf/sm2)</translation>
+    </message>
+    <message>
+        <source>mbar (mbar)</source>
+        <translation>мбар (mbar)</translation>
+    </message>
+    <message>
+        <source>bar (bar)</source>
+        <translation>бар (bar)</translation>
+    </message>
+    <message>
+        <source>mmWS (mmWS)</source>
+        <translation>мм вод. ст. (mmWS)</translation>
+    </message>
+    <message>
+        <source>inchWS (inchWS)</source>
+        <translation>дюйм вод. ст. (inchWS)</translation>
+    </message>
+    <message>
+        <source>mmHg (mmHg)</source>
+        <translation>мм рт. ст. (mmHg)</translation>
+    </message>
+    <message>
+        <source>inchHg (inchHg)</source>
+        <translation>дюйм рт. ст. (inchHg)</translation>
+    </message>
+    <message>
+        <source>psi (lb/inch2)</source>
+        <translation>psi (lb/inch2)</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Значение</translation>
+    </message>
+    <message>
+        <source>correction is disabled</source>
+        <translation>коррекция отключена</translation>
+    </message>
+    <message>
+        <source>zero offset correction</source>
+        <translation>коррекция смещения нуля</translation>
+    </message>
+    <message>
+        <source>zero offset and gain correction</source>
+        <translation>коррекция смещения нуля и усиления</translation>
+    </message>
+    <message>
+        <source>write protection is enabled</source>
+        <translation>включена защита от записи</translation>
+    </message>
+    <message>
+        <source>Read device configuration</source>
+        <translation>Чтение конфигурации прибора</translation>
+    </message>
+    <message>
+        <source>Zero adjustment</source>
+        <translation>Подстройка нуля</translation>
+    </message>
+    <message>
+        <source>Do you want to set current
+Primary Variable value=%1 %2
+as Zero Value ?</source>
+        <translation>Сделать текущее
+значение первичной переменной=%1 %2
+нулём?</translation>
+    </message>
+    <message>
+        <source>Adjusting zero</source>
+        <translation>Подстройка нуля</translation>
+    </message>
+    <message>
+        <source>Gain correction</source>
+        <translation>Коррекция усиления</translation>
+    </message>
+    <message>
+        <source>Do you want to set current
+Primary Variable value=%1 %2
+as upper limit of measurement ?</source>
+        <translation>Сделать текущее
+значение первичной переменной=%1 %2
+верхним пределом измерения?</translation>
+    </message>
+    <message>
+        <source>Real value of input signal (%1):</source>
+        <translation>Действительное значение входного сигнала (%1):</translation>
+    </message>
+    <message>
+        <source>Adjusting the gain</source>
+        <translation>Подстройка усиления</translation>
+    </message>
+    <message>
+        <source>Linearization table loading</source>
+        <translation>Загрузка таблицы линеаризации</translation>
+    </message>
+    <message>
+        <source>Line points count saving</source>
+        <translation>Запись числа точек</translation>
+    </message>
+    <message>
+        <source>Calibration units saving</source>
+        <translation>Запись единиц калибровки</translation>
+    </message>
+    <message>
+        <source>Pressure reading</source>
+        <translation>Чтение давления</translation>
+    </message>
+    <message>
+        <source>Linearization point %1 value saving</source>
+        <translation>Запись значения точки линеаризации %1</translation>
+    </message>
+    <message>
+        <source>Temperature correction mode reading</source>
+        <translation>Чтение режима температурной коррекции</translation>
+    </message>
+    <message>
+        <source>Temperature correction mode saving</source>
+        <translation>Запись режима температурной коррекции</translation>
+    </message>
+    <message>
+        <source>in thermostat should be T1=%1 </source>
+        <translation>в термостате должно быть T1=%1 </translation>
+    </message>
+    <message>
+        <source>in the thermostat should be T2=%1 </source>
+        <translation>в термостате должно быть T2=%1 </translation>
+    </message>
+    <message>
+        <source>P%1T%2 correction saving</source>
+        <translation>Запись коррекции P%1T%2</translation>
+    </message>
+    <message>
+        <source>Operation completed successfully!
+
+Writting temperature is different from previous value at this point.
+Prev = %1 °C - Current = %2 °C</source>
+        <translation>Операция выполнена успешно!
+
+Записываемая температура отличается от прежней в этой точке.
+Прежняя = %1 °C - Текущая = %2 °C</translation>
+    </message>
+    <message>
+        <source>Sensor parameters saving</source>
+        <translation>Запись параметров датчика</translation>
     </message>
 </context>
 <context>

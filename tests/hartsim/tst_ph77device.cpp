@@ -54,6 +54,7 @@ private slots:
     void temperatureSensorFaults();
     void adjustU();
     void adjustRt();
+    void adjustRc();
     void inputUnits();
     void accessCode();
     void manufacturerSettings();
@@ -61,7 +62,7 @@ private slots:
 
 void TestPh77Device::identity()
 {
-    checkIdentity(*make(), hx("FE E0 94 05 07"), hx("20 94 00 94 01"), 6);
+    checkIdentity(*make(), hx("FE E0 94 05 07"), hx("20 94 00 94 01"), 7);
 }
 
 void TestPh77Device::commands_data()
@@ -123,7 +124,7 @@ void TestPh77Device::commands_data()
     refusalRow("176 Ei upside down", none, 176, hx("42480000 C2480000 42500000 42700000"), 29);
     refusalRow("176 S upside down", none, 176, hx("C2480000 42480000 42700000 42500000"), 29);
     refusalRow("176 short", none, 176, hx("C2480000 42480000 42500000"), 5);
-    refusalRow("33 no variable 7", none, 33, hx("07"), 2);
+    refusalRow("33 no variable 8", none, 33, hx("08"), 2);
     refusalRow("143 not ours", none, 143, QByteArray(), 64);
     refusalRow("151 type 2", none, 151, grd(2, 1, 4.01f), 2);
     refusalRow("151 point 0", none, 151, grd(0, 0, 4.01f), 2);
@@ -162,6 +163,7 @@ void TestPh77Device::variables_data()
     QTest::newRow("EMF") << 4 << 36 << 15.98;
     QTest::newRow("Rt") << 5 << 37 << 109.625;  // Pt100 at 25 degC
     QTest::newRow("buffer") << 6 << 59 << 6.86; // 6.73 lies 0.13 from 6.86
+    QTest::newRow("Rc") << 7 << 163 << 5.0;
 }
 
 void TestPh77Device::variables()
@@ -425,6 +427,22 @@ void TestPh77Device::adjustRt()
     // No adjustment on a failed sensor.
     device->setParam(QStringLiteral("ts_fault"), 1);
     QCOMPARE(run(*device, 173, f32(109.625f)).code, quint8(6));
+}
+
+void TestPh77Device::adjustRc()
+{
+    // The Rc channel reads 0.3 kOhm high; the two points set offset and gain.
+    auto device = make({{"adc_rc_error", 0.3}});
+    QVERIFY_NEAR(variable(*device, 7), 5.3, 1e-4);
+    QVERIFY(openAccess(*device));
+    QCOMPARE(run(*device, 174, hx("01") + f32(5.0f)).code, quint8(0));
+    QVERIFY_NEAR(variable(*device, 7), 5.0, 1e-4);
+    device->setParam(QStringLiteral("electrode_rc_true"), 10.0);
+    QCOMPARE(run(*device, 174, hx("02") + f32(9.8f)).code, quint8(0));
+    QVERIFY_NEAR(variable(*device, 7), 9.8, 1e-4);
+    // Back at 5 kOhm the line through both points gives point 1 again.
+    device->setParam(QStringLiteral("electrode_rc_true"), 5.0);
+    QVERIFY_NEAR(variable(*device, 7), 5.0, 1e-4);
 }
 
 void TestPh77Device::inputUnits()

@@ -1,8 +1,8 @@
 #include "commonwidget.h"
 #include "debugqt.h"
+#include "defaultdevicewidget.h"
 #include "deviceline.h"
 #include "modalanswerer.h"
-#include "plaindevicewidget.h"
 #include "statuswidget.h"
 
 #include <QCheckBox>
@@ -11,7 +11,7 @@
 #include <QSpinBox>
 #include <QtTest>
 
-// The identification tab in the plain editor, against a simulated TCV-C at
+// The identification tab in the default editor, against a simulated TCV-C at
 // polling address 0 and a HART 5 device at 5.
 class TestCommonWidget : public QObject
 {
@@ -43,7 +43,7 @@ private:
 
     DeviceLine m_line;
     Device* m_device = nullptr;
-    QScopedPointer<PlainDeviceWidget> m_editor;
+    QScopedPointer<DefaultDeviceWidget> m_editor;
 };
 
 void TestCommonWidget::initTestCase()
@@ -57,7 +57,7 @@ void TestCommonWidget::initTestCase()
 void TestCommonWidget::init()
 {
     m_device = m_line.addDevice(0, QStringLiteral("TCV-C"));
-    m_editor.reset(new PlainDeviceWidget);
+    m_editor.reset(new DefaultDeviceWidget);
     m_editor->setItem(m_device);
     m_line.sim.line().clearLog();
 }

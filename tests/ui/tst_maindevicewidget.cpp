@@ -1,7 +1,7 @@
 #include "debugqt.h"
+#include "defaultdevicewidget.h"
 #include "deviceline.h"
 #include "modalanswerer.h"
-#include "plaindevicewidget.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -10,7 +10,7 @@
 
 // An editor with four configuration fields of three write functions: damping
 // (34), the range's edges (both 35) and the preambles (59).
-class Editor : public PlainDeviceWidget
+class Editor : public DefaultDeviceWidget
 {
 public:
     Editor()
