@@ -103,6 +103,9 @@ QVariantMap ph77Defaults()
         {"adjust_Rc", 0.0},
         // The simulated solution, electrode, sensor and channels.
         {"solution_ph", 6.86},
+        // The buffer the electrode is put into once the first of two
+        // graduation points is written, as a technician would; 0 leaves it.
+        {"second_buffer_ph", 0.0},
         {"solution_ph_amplitude", 0.02},
         {"solution_ph_period", 300.0},
         {"solution_temperature", 25.0},
@@ -579,6 +582,8 @@ Reply Ph77Device::command(quint8 cmd, const QByteArray& data, Master master, dou
                 m_params.insert(QLatin1String(key), 0.0);
             m_params.insert(QStringLiteral("grd_point_2_set"), false);
         }
+        if (type == 1 && point == 1 && f(QStringLiteral("second_buffer_ph")) > 0.0)
+            m_params.insert(QStringLiteral("solution_ph"), f(QStringLiteral("second_buffer_ph")));
         m_params.insert(QStringLiteral("grd_type"), type);
         m_params.insert(QStringLiteral("grd_point_number"), point);
         m_params.insert(QStringLiteral("grd_point_value"), value);

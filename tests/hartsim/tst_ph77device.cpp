@@ -291,6 +291,14 @@ void TestPh77Device::twoPointGraduation()
     QVERIFY_NEAR(pv(*device), 6.86, 1e-3);
     setSolution(*device, 11.5, 45.0);
     QVERIFY_NEAR(pv(*device), 11.5, 1e-3);
+
+    // With a second buffer named, the first of two points puts the
+    // electrode into it; a one-point graduation leaves it where it is.
+    device->setParam(QStringLiteral("second_buffer_ph"), 4.01);
+    QCOMPARE(run(*device, 151, grd(0, 1, 11.5f)).code, quint8(0));
+    QVERIFY_NEAR(device->param(QStringLiteral("solution_ph")).toDouble(), 11.5, 1e-6);
+    QCOMPARE(run(*device, 151, grd(1, 1, 11.5f)).code, quint8(0));
+    QVERIFY_NEAR(device->param(QStringLiteral("solution_ph")).toDouble(), 4.01, 1e-6);
 }
 
 void TestPh77Device::graduationOfImpossiblePoints()
