@@ -168,7 +168,7 @@ DefaultDeviceWidget::~DefaultDeviceWidget()
 void DefaultDeviceWidget::initWidget()
 {
     MainDeviceWidget::initWidget();
-    const QList<std::tuple<const char*, QWidget*, int>> fields = {
+    addWriteFields({
         {"sensor_number", ui->spnSensorNumber, 49},
         {"range_max", ui->dspnRangeMax, 35},
         {"range_min", ui->dspnRangeMin, 35},
@@ -179,11 +179,7 @@ void DefaultDeviceWidget::initWidget()
         {"TV_dev_variable_code", ui->cmbTVDevVariable, 51},
         {"QV_dev_variable_code", ui->cmbQVDevVariable, 51},
         {"dev_variable_limits_unit_code", ui->cmbDevVariableUnits, 53},
-    };
-    for (const auto& [name, field, function] : fields) {
-        m_mapWriteTagWidget.insert(QLatin1String(name), field);
-        m_mapTagFunction.insert(QLatin1String(name), function);
-    }
+    });
     loadLists();
 }
 
@@ -453,11 +449,7 @@ void DefaultDeviceWidget::setFieldColorModified(QWidget* field, bool modified)
 void DefaultDeviceWidget::updateWriteButton()
 {
     const bool on = !m_writeParameters.isEmpty() && m_hasReadedConfig;
-    // While polling the button stays off and its state waits for the end.
-    if (m_polling)
-        m_mapButtons.insert(ui->btnWriteCfgInDevice, on);
-    else
-        ui->btnWriteCfgInDevice->setEnabled(on);
+    setWriteButtonEnabled(ui->btnWriteCfgInDevice, on);
 }
 
 void DefaultDeviceWidget::onUpdateButtons(bool on)

@@ -77,7 +77,6 @@ private:
     void updateWriteButton();
 
     Ui::DefaultDeviceWidget* ui;
-    bool m_polling = false;
     QList<int> m_writeList; // the functions of the write under way
 };
 

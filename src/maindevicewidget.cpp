@@ -111,6 +111,35 @@ void MainDeviceWidget::onStartPeriod(bool deviceFree)
 // ---------------------------------------------------------------------------
 // Writing the configuration
 
+void MainDeviceWidget::addWriteFields(const QList<WriteField>& fields)
+{
+    for (const WriteField& entry : fields) {
+        m_mapWriteTagWidget.insert(QLatin1String(entry.name), entry.field);
+        m_mapTagFunction.insert(QLatin1String(entry.name), entry.function);
+    }
+}
+
+void MainDeviceWidget::lockWhilePolling(bool deviceFree, QPushButton* write, QWidget* adjustTab)
+{
+    if (!deviceFree) {
+        m_mapButtons.insert(write, write->isEnabled());
+        write->setEnabled(false);
+        m_polling = true;
+    } else {
+        m_polling = false;
+        write->setEnabled(m_mapButtons.value(write));
+    }
+    adjustTab->setEnabled(deviceFree);
+}
+
+void MainDeviceWidget::setWriteButtonEnabled(QPushButton* button, bool on)
+{
+    if (m_polling)
+        m_mapButtons.insert(button, on);
+    else
+        button->setEnabled(on);
+}
+
 void MainDeviceWidget::setFieldColorModified(QWidget* field, bool modified)
 {
     DeviceWidget::setFieldColorModified(field, modified);

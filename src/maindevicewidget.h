@@ -99,6 +99,18 @@ protected:
     // Builds the panels into the form, as every editor has them; the model's
     // own pages go between the first tab and the log.
     void composeEditor(const Composition& composition);
+    // Enters configuration fields with their device values and write functions.
+    struct WriteField
+    {
+        const char* name;
+        QWidget* field;
+        int function;
+    };
+    void addWriteFields(const QList<WriteField>& fields);
+    // The write button on or off; while polling the state waits for its end.
+    void setWriteButtonEnabled(QPushButton* button, bool on);
+    // While polling, the write button (its state kept) and the adjustment tab are off.
+    void lockWhilePolling(bool deviceFree, QPushButton* write, QWidget* adjustTab);
     // The question of saving (mode 1) or restoring (0) the manufacturer settings.
     void askManufacturerSettings(const QString& question, int mode);
     // One of saveRangeMinByPV and saveRangeMaxByPV.
@@ -117,6 +129,7 @@ protected:
     QMap<QString, int> m_mapTagFunction;         // device value to its write function
     QSet<QString> m_writeParameters;             // the blue configuration fields
     AdjustMode m_adjustMode = NoAdjust;
+    bool m_polling = false; // the measurement tab polls the device
 };
 
 #endif // MAINDEVICEWIDGET_H

@@ -79,7 +79,7 @@ PH77Widget::~PH77Widget()
 void PH77Widget::initWidget()
 {
     MainDeviceWidget::initWidget();
-    const QList<std::tuple<const char*, QWidget*, int>> fields = {
+    addWriteFields({
         {"sensor_number", ui->spnSensorNumber, 49},
         {"range_max", ui->dspnRangeMax, 35},
         {"range_min", ui->dspnRangeMin, 35},
@@ -101,11 +101,7 @@ void PH77Widget::initWidget()
         {"big_sig_threshold_t", ui->dspnBigSignalThreshold_T, 137},
         {"indicate_range_min", ui->dspnMinIndication, 141},
         {"indicate_range_max", ui->dspnMaxIndication, 141},
-    };
-    for (const auto& [name, field, function] : fields) {
-        m_mapWriteTagWidget.insert(QLatin1String(name), field);
-        m_mapTagFunction.insert(QLatin1String(name), function);
-    }
+    });
     initComboBoxes();
 }
 
@@ -236,11 +232,7 @@ void PH77Widget::setFieldColor(QWidget* field, Qt::GlobalColor color)
 void PH77Widget::updateWriteButton()
 {
     const bool on = !m_writeParameters.isEmpty() && m_hasReadedConfig;
-    // While polling the button stays off and its state waits for the end.
-    if (m_polling)
-        m_mapButtons.insert(ui->btnWriteCfgInDevice, on);
-    else
-        ui->btnWriteCfgInDevice->setEnabled(on);
+    setWriteButtonEnabled(ui->btnWriteCfgInDevice, on);
 }
 
 void PH77Widget::onUpdateButtons(bool on)

@@ -140,7 +140,6 @@ private:
     Watch m_watch = NoWatch;
     int m_graduationPoint = 0;
     float m_prevBufferValue = 3000.0f;
-    bool m_polling = false;
 };
 
 #endif // PH77WIDGET_H

@@ -88,7 +88,7 @@ double QP1Widget::pascalsPerUnit(int unitCode)
 void QP1Widget::initWidget()
 {
     MainDeviceWidget::initWidget();
-    const QList<std::tuple<const char*, QWidget*, int>> fields = {
+    addWriteFields({
         {"sensor_number", ui->spnSensorNumber, 49},
         {"average_count", ui->spnAverageCount, 134},
         {"range_max", ui->dspnRangeMax, 35},
@@ -99,11 +99,7 @@ void QP1Widget::initWidget()
         {"indicate_range_max", ui->dspnMaxIndication, 146},
         {"free_range_min", ui->dspnMinInputForIndication, 145},
         {"free_range_max", ui->dspnMaxInputForIndication, 145},
-    };
-    for (const auto& [name, field, function] : fields) {
-        m_mapWriteTagWidget.insert(QLatin1String(name), field);
-        m_mapTagFunction.insert(QLatin1String(name), function);
-    }
+    });
     // Written by their own buttons on the table page.
     m_mapWriteTagWidget.insert(QStringLiteral("calibrate_units"), ui->cmbCalibrateUnits);
     m_mapWriteTagWidget.insert(QStringLiteral("line_points_count"), ui->spnLinePoints);
@@ -168,10 +164,7 @@ void QP1Widget::setFieldColorModified(QWidget* field, bool modified)
 void QP1Widget::updateWriteButton()
 {
     const bool on = !m_writeParameters.isEmpty() && m_hasReadedConfig;
-    if (m_polling)
-        m_mapButtons.insert(ui->btnWriteCfgInDevice, on);
-    else
-        ui->btnWriteCfgInDevice->setEnabled(on);
+    setWriteButtonEnabled(ui->btnWriteCfgInDevice, on);
 }
 
 void QP1Widget::onUpdateButtons(bool on)
@@ -215,16 +208,7 @@ void QP1Widget::onUpdateButtons(bool on)
 void QP1Widget::onStartPeriod(bool deviceFree)
 {
     MainDeviceWidget::onStartPeriod(deviceFree);
-    if (!deviceFree) {
-        m_mapButtons.insert(ui->btnWriteCfgInDevice, ui->btnWriteCfgInDevice->isEnabled());
-        ui->btnWriteCfgInDevice->setEnabled(false);
-        ui->tabAdjust->setEnabled(false);
-        m_polling = true;
-    } else {
-        m_polling = false;
-        ui->tabAdjust->setEnabled(true);
-        ui->btnWriteCfgInDevice->setEnabled(m_mapButtons.value(ui->btnWriteCfgInDevice));
-    }
+    lockWhilePolling(deviceFree, ui->btnWriteCfgInDevice, ui->tabAdjust);
     emit changed();
 }
 

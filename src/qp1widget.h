@@ -101,7 +101,6 @@ private:
     void updateWriteButton();
 
     Ui::QP1Widget* ui;
-    bool m_polling = false;
     int m_sensorUnitCode = 0; // the units the sensor page's limits are in
 };
 

@@ -78,7 +78,7 @@ TCV2Widget::~TCV2Widget()
 void TCV2Widget::initWidget()
 {
     MainDeviceWidget::initWidget();
-    const QList<std::tuple<const char*, QWidget*, int>> fields = {
+    addWriteFields({
         {"sensor_number", ui->spnSensorNumber, 49},
         {"average_count", ui->spnAverageCount, 134},
         {"range_max", ui->dspnRangeMax, 35},
@@ -90,11 +90,7 @@ void TCV2Widget::initWidget()
         {"resistanceTS_0", ui->dspnResistanceTs_0C, 156},
         {"resistance_conn_wires", ui->dspnResistanceConWires, 158},
         {"free_ends_compensation", ui->cmbFreeTailsCompensation, 161},
-    };
-    for (const auto& [name, field, function] : fields) {
-        m_mapWriteTagWidget.insert(QLatin1String(name), field);
-        m_mapTagFunction.insert(QLatin1String(name), function);
-    }
+    });
     initComboBoxes(0);
 }
 
@@ -187,11 +183,7 @@ void TCV2Widget::updateWriteButton()
 {
     const bool on = !m_writeParameters.isEmpty() && m_hasReadedConfig &&
                     ui->stackedWidgetCorrection->currentIndex() == CorrectionOverview;
-    // While polling the button stays off and its state waits for the end.
-    if (m_polling)
-        m_mapButtons.insert(ui->btnWriteCfgInDevice, on);
-    else
-        ui->btnWriteCfgInDevice->setEnabled(on);
+    setWriteButtonEnabled(ui->btnWriteCfgInDevice, on);
 }
 
 void TCV2Widget::onUpdateButtons(bool on)
@@ -230,16 +222,7 @@ void TCV2Widget::onUpdateButtons(bool on)
 void TCV2Widget::onStartPeriod(bool deviceFree)
 {
     MainDeviceWidget::onStartPeriod(deviceFree);
-    if (!deviceFree) {
-        m_mapButtons.insert(ui->btnWriteCfgInDevice, ui->btnWriteCfgInDevice->isEnabled());
-        ui->btnWriteCfgInDevice->setEnabled(false);
-        ui->tabAdjust->setEnabled(false);
-        m_polling = true;
-    } else {
-        m_polling = false;
-        ui->tabAdjust->setEnabled(true);
-        ui->btnWriteCfgInDevice->setEnabled(m_mapButtons.value(ui->btnWriteCfgInDevice));
-    }
+    lockWhilePolling(deviceFree, ui->btnWriteCfgInDevice, ui->tabAdjust);
     emit changed();
 }
 

@@ -91,7 +91,6 @@ private:
 
     Ui::TCV2Widget* ui;
     QString m_prompt;
-    bool m_polling = false;
 };
 
 #endif // TCV2WIDGET_H
