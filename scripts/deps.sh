@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build, the program and the tests need,
-# when any is missing. Runs apt-get as root, or through sudo.
+# when any is missing, and the packages named as arguments (deps.sh gcovr).
+# Runs apt-get as root, or through sudo.
 set -euo pipefail
 
 packages=(
@@ -8,6 +9,7 @@ packages=(
     qt6-base-dev qt6-serialport-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
     libxkbcommon-dev libgl-dev fonts-dejavu-core
     xvfb xauth
+    "$@"
 )
 
 missing=()

@@ -375,7 +375,7 @@ bool HartPort::sendRequestDirect()
     m_serial.setRequestToSend(false);
     m_serial.setDataTerminalReady(true);
     m_serial.clearError();
-    mySleep(int(m_request.size() * 9.1525 + 50.0));
+    mySleep(PortThread::transmitWaitMs(int(m_request.size())));
     m_txTime = int(clock.elapsed());
     m_txLog = buildLogString(QStringLiteral("TX"));
 

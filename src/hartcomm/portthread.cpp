@@ -9,6 +9,24 @@
 #include <QSerialPort>
 #include <QTime>
 
+#include <atomic>
+
+namespace {
+std::atomic<int> characterUs{PortThread::ModemCharacterUs};
+std::atomic<int> turnaroundMs{PortThread::ModemTurnaroundMs};
+} // namespace
+
+void PortThread::setModemTiming(int characterTimeUs, int turnaroundTimeMs)
+{
+    characterUs = characterTimeUs;
+    turnaroundMs = turnaroundTimeMs;
+}
+
+int PortThread::transmitWaitMs(int bytes)
+{
+    return int((qint64(bytes) * characterUs + 500) / 1000) + turnaroundMs;
+}
+
 PortThread::PortThread(QObject* parent) : QThread(parent)
 {}
 
@@ -293,9 +311,7 @@ void PortThread::exchange(QSerialPort& serial, const Job& job, QString& currentP
         return;
     }
     serial.flush();
-    // The modem needs about one character time (11 bits at 1200 baud) for
-    // each byte, and then turns the line round.
-    mySleep(int(job.request.size() * 9.1525 + 50.0));
+    mySleep(transmitWaitMs(int(job.request.size())));
     result.txTime = int(clock.elapsed());
     result.txLog = logLine(QStringLiteral("TX"), result.txTime, job.request);
 

@@ -60,6 +60,15 @@ public:
     enum ErrorCode { TimeoutErrorCode = 12, WriteErrorCode = 7 };
     static int errorCode(int serialPortError);
 
+    // After sending, the modem still has each byte to put on the line (11
+    // bits at 1200 baud, about 9.15 ms) and then turns the line round
+    // (50 ms): the wait before the answer is looked for. A line that answers
+    // at once, such as a simulator without line timing, may set both to 0.
+    static void setModemTiming(int characterUs, int turnaroundMs);
+    static int transmitWaitMs(int bytes);
+    static constexpr int ModemCharacterUs = 9153;
+    static constexpr int ModemTurnaroundMs = 50;
+
     static constexpr int ResponseWaitLimitMs = 5000;
     static constexpr int QuitWaitLimitMs = 7000;
 

@@ -147,6 +147,8 @@ void TestPortThread::exchange()
     QFETCH(bool, noisePrefix);
 
     m_sim.addFault(0, spoiler);
+    // The modem's own timing, which the other tests leave out.
+    PortThread::setModemTiming(PortThread::ModemCharacterUs, PortThread::ModemTurnaroundMs);
     PortThread thread;
     run(thread, m_sim.path(), QByteArray());
     run(thread, m_sim.path(), requestFor(0, 1));
@@ -158,6 +160,7 @@ void TestPortThread::exchange()
         QVERIFY(thread.result().response.startsWith(QByteArray::fromHex("00 3A 7E FF")));
     // The thread waits out the modem's sending time before it listens.
     QVERIFY(thread.result().txTime >= int(requestFor(0, 1).size() * 9.1525 + 50.0));
+    PortThread::setModemTiming(0, 0);
 }
 
 void TestPortThread::answerSplitAcrossTheByteTimeout()
