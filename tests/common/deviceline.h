@@ -28,7 +28,8 @@ public:
         }
         server.reset(new Server);
         port = server->addPort(QStringLiteral("P1"));
-        return port && port->setSerialName(sim.path());
+        port->hart().setByteTimeout(20); // the simulator answers at once: a short pause ends a frame
+        return port->setSerialName(sim.path());
     }
 
     // The port goes before the line it talks on.

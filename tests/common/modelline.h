@@ -7,14 +7,13 @@
 
 #include "device.h"
 #include "port.h"
+#include "scratchdir.h"
 #include "server.h"
 #include "simulatedline.h"
 
 #include <QByteArray>
-#include <QDir>
 #include <QScopedPointer>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QVariant>
 #include <QtTest>
 
@@ -34,25 +33,16 @@ inline hartsim::Fault emptyAnswer(int command)
     return fault;
 }
 
-// The same value and the same type: floats stay float, bytes int.
-inline QString mismatch(const QString& key, const QVariant& actual, const QVariant& expected)
+// The same value and the same type (floats stay float, bytes int), or for a
+// simulator parameter, which keeps floats, ints, doubles and flags as they
+// came, the same number. An empty text when they match.
+inline QString mismatch(const QString& key, const QVariant& actual, const QVariant& expected, bool asNumber = false)
 {
-    if (actual.typeId() != expected.typeId())
-        return QStringLiteral("%1: type %2, expected %3").arg(key, actual.typeName(), expected.typeName());
-    if (actual != expected)
-        return QStringLiteral("%1: %2, expected %3").arg(key, actual.toString(), expected.toString());
-    return QString();
-}
-
-// A simulator parameter against an expected value, as numbers (the simulator
-// keeps floats, ints, doubles and flags as they came).
-inline QString simMismatch(const QString& key, const QVariant& actual, const QVariant& expected)
-{
-    if (!actual.isValid())
-        return QStringLiteral("%1: missing in the simulator").arg(key);
-    return actual.toDouble() == expected.toDouble()
-               ? QString()
-               : QStringLiteral("%1: %2, expected %3").arg(key, actual.toString(), expected.toString());
+    const bool same = asNumber ? actual.isValid() && actual.toDouble() == expected.toDouble()
+                               : actual.typeId() == expected.typeId() && actual == expected;
+    return same ? QString()
+                : QStringLiteral("%1: %2 (%3), expected %4 (%5)")
+                      .arg(key, actual.toString(), actual.typeName(), expected.toString(), expected.typeName());
 }
 
 class ModelLine
@@ -62,9 +52,7 @@ public:
     // of the program on it, with a short byte timeout.
     bool start(QString* error)
     {
-        m_startDir = QDir::currentPath();
-        m_dir.reset(new QTemporaryDir);
-        if (!m_dir->isValid() || !QDir::setCurrent(m_dir->path())) {
+        if (!m_dir.enter()) {
             *error = QStringLiteral("no temporary directory");
             return false;
         }
@@ -97,9 +85,7 @@ public:
         m_server.reset();
         m_port = nullptr;
         m_sim.stop();
-        if (!m_startDir.isEmpty())
-            QDir::setCurrent(m_startDir);
-        m_dir.reset();
+        m_dir.leave();
     }
 
     // One row of a table of reads, columns "command", "label", "values" (what
@@ -164,7 +150,7 @@ public:
         QCOMPARE(record.data, request);
         // The device keeps the values under the keys the program has them.
         for (auto it = info.constBegin(); it != info.constEnd(); ++it) {
-            const QString wrong = simMismatch(it.key(), m_sim.param(pollingAddress, it.key()), it.value());
+            const QString wrong = mismatch(it.key(), m_sim.param(pollingAddress, it.key()), it.value(), true);
             QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
         }
         QCOMPARE(device->getDeviceInfoByte("modify_count"), modifyCount + 1);
@@ -175,8 +161,7 @@ public:
     Port* port() const { return m_port; }
 
 private:
-    QString m_startDir;
-    QScopedPointer<QTemporaryDir> m_dir;
+    ScratchDir m_dir;
     SimulatedLine m_sim;
     QScopedPointer<Server> m_server;
     Port* m_port = nullptr;

@@ -11,8 +11,22 @@
 #include <QDir>
 #include <QFile>
 #include <QScopedPointer>
+#include <QStringList>
 #include <QTemporaryDir>
 #include <QVariant>
+
+// The lines the message handler is given while a call runs, as they come.
+template <typename Call>
+QStringList logOf(Call call)
+{
+    static QStringList lines;
+    lines.clear();
+    const QtMessageHandler previous =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) { lines << text; });
+    call();
+    qInstallMessageHandler(previous);
+    return lines;
+}
 
 class ScratchDir
 {

@@ -12,124 +12,79 @@ class TestDefaultDevice : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-
-    void createDevicePicksTheClass_data();
-    void createDevicePicksTheClass();
-    void vendorCommandIsSentAndFalse();
-    void noProtectedFunctions();
-
-private:
     ModelLine m_line;
+
+private slots:
+    void initTestCase() { DebugQt::instance(0x8ED0001, nullptr); }
+
+    void init()
+    {
+        QString error;
+        QVERIFY2(m_line.start(&error), qPrintable(error));
+    }
+
+    void cleanup() { m_line.stop(); }
+
+    void createDevicePicksTheClass_data()
+    {
+        QTest::addColumn<QString>("templateName");
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("protectedFunctions");
+
+        QTest::newRow("TCV-C") << "TCV-C" << QString("TCV2Device") << "TCV-C_(1)" << true;
+        QTest::newRow("DX-C") << "DX-C" << QString("TCV2Device") << "TCV-C_(1)" << true;
+        QTest::newRow("QP-1C") << "QP-1C" << QString("QP1Device") << "QP-1C_(1)" << true;
+        QTest::newRow("pH-7702") << "pH-7702" << QString("PH77Device") << "pH-7702_(1)" << true;
+        QTest::newRow("General") << "General" << QString("DefaultDevice") << "Default_(1)" << false;
+        QTest::newRow("the name must match exactly") << "tcv-c" << QString("Device") << "Device1" << false;
+        QTest::newRow("no name") << "" << QString("Device") << "Device1" << false;
+    }
+
+    void createDevicePicksTheClass()
+    {
+        QFETCH(QString, templateName);
+        QFETCH(QString, className);
+        QFETCH(QString, name);
+
+        Port* port = m_line.port();
+        port->setProperty("priority", 7);
+        QSignalSpy modified(port, &ServerItem::modified);
+        QScopedPointer<Device> device(port->createDevice(templateName));
+        QCOMPARE(QString::fromLatin1(device->metaObject()->className()), className);
+        QCOMPARE(device->name(), name);
+        QCOMPARE(device->deviceTemplateName(), templateName);
+        QCOMPARE(device->pollingPeriod(), 1000);
+        QCOMPARE(device->priority(), 7);
+        QTEST(device->hasMetrologyAccess(), "protectedFunctions");
+        emit device->modified();
+        QCOMPARE(modified.size(), 1);
+    }
+
+    void noProtectedFunctions()
+    {
+        Device* device = m_line.identify(QStringLiteral("General"), 3);
+        QVERIFY(device);
+        QSignalSpy errors(device, &Device::deviceError);
+
+        QVERIFY(!device->sendAdjustCode(12345));
+        QCOMPARE(device->errorCode(), 3);
+        QCOMPARE(device->errorText(),
+                 QStringLiteral("the device '%1' has no protected function 'metrology access' (cmd=190)")
+                     .arg(device->name()));
+        QVERIFY(!device->writeFactoryNumber(hx("123456")));
+        QCOMPARE(device->errorText(),
+                 QStringLiteral("the device '%1' has no protected function 'write factory number' (cmd=194)")
+                     .arg(device->name()));
+        QCOMPARE(errors.size(), 2);
+        QVERIFY(!device->hasDeviceInfoParam("metrology_access"));
+
+        // Nothing went out: the next request the line serves follows command 0.
+        QVERIFY(device->readDevice(1));
+        QCOMPARE(int(m_line.sim().record(2).command), 1);
+        QCOMPARE(m_line.sim().line().requests().size(), 2);
+    }
 };
-
-void TestDefaultDevice::initTestCase()
-{
-    DebugQt::instance(0x8ED0001, nullptr);
-}
-
-void TestDefaultDevice::init()
-{
-    QString error;
-    QVERIFY2(m_line.start(&error), qPrintable(error));
-}
-
-void TestDefaultDevice::cleanup()
-{
-    m_line.stop();
-}
-
-void TestDefaultDevice::createDevicePicksTheClass_data()
-{
-    QTest::addColumn<QString>("templateName");
-    QTest::addColumn<QString>("className");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("protectedFunctions");
-
-    QTest::newRow("TCV-C") << "TCV-C"
-                           << "TCV2Device"
-                           << "TCV-C_(1)" << true;
-    QTest::newRow("DX-C") << "DX-C"
-                          << "TCV2Device"
-                          << "TCV-C_(1)" << true;
-    QTest::newRow("QP-1C") << "QP-1C"
-                           << "QP1Device"
-                           << "QP-1C_(1)" << true;
-    QTest::newRow("pH-7702") << "pH-7702"
-                             << "PH77Device"
-                             << "pH-7702_(1)" << true;
-    QTest::newRow("General") << "General"
-                             << "DefaultDevice"
-                             << "Default_(1)" << false;
-    QTest::newRow("the name must match exactly") << "tcv-c"
-                                                 << "Device"
-                                                 << "Device1" << false;
-    QTest::newRow("no name") << ""
-                             << "Device"
-                             << "Device1" << false;
-}
-
-void TestDefaultDevice::createDevicePicksTheClass()
-{
-    QFETCH(QString, templateName);
-    QFETCH(QString, className);
-    QFETCH(QString, name);
-    QFETCH(bool, protectedFunctions);
-
-    Port* port = m_line.port();
-    port->setProperty("priority", 7);
-    QSignalSpy modified(port, &ServerItem::modified);
-    QScopedPointer<Device> device(port->createDevice(templateName));
-    QCOMPARE(QString::fromLatin1(device->metaObject()->className()), className);
-    QCOMPARE(device->name(), name);
-    QCOMPARE(device->deviceTemplateName(), templateName);
-    QCOMPARE(device->pollingPeriod(), 1000);
-    QCOMPARE(device->priority(), 7);
-    QCOMPARE(device->hasMetrologyAccess(), protectedFunctions);
-    emit device->modified();
-    QCOMPARE(modified.size(), 1);
-}
-
-void TestDefaultDevice::vendorCommandIsSentAndFalse()
-{
-    Device* device = m_line.identify(QStringLiteral("General"), 3);
-    QVERIFY(device);
-    // The generic device would refuse it; spoiled, it answers well.
-    m_line.sim().addFault(3, emptyAnswer(200));
-    const QVariantMap before = device->deviceInfo();
-    QVERIFY(!device->readDevice(200));
-    QCOMPARE(int(m_line.sim().record(2).command), 200);
-    QCOMPARE(device->state(), 2);
-    QCOMPARE(device->errorCode(), 1);
-    QCOMPARE(device->deviceInfo(), before);
-}
-
-void TestDefaultDevice::noProtectedFunctions()
-{
-    Device* device = m_line.identify(QStringLiteral("General"), 3);
-    QVERIFY(device);
-    QSignalSpy errors(device, &Device::deviceError);
-
-    QVERIFY(!device->sendAdjustCode(12345));
-    QCOMPARE(device->errorCode(), 3);
-    QCOMPARE(
-        device->errorText(),
-        QStringLiteral("the device '%1' has no protected function 'metrology access' (cmd=190)").arg(device->name()));
-    QVERIFY(!device->writeFactoryNumber(hx("123456")));
-    QCOMPARE(device->errorText(),
-             QStringLiteral("the device '%1' has no protected function 'write factory number' (cmd=194)")
-                 .arg(device->name()));
-    QCOMPARE(errors.size(), 2);
-    QVERIFY(!device->hasDeviceInfoParam("metrology_access"));
-
-    // Nothing went out: the next request the line serves follows command 0.
-    QVERIFY(device->readDevice(1));
-    QCOMPARE(int(m_line.sim().record(2).command), 1);
-    QCOMPARE(m_line.sim().line().requests().size(), 2);
-}
 
 QTEST_GUILESS_MAIN(TestDefaultDevice)
 #include "tst_defaultdevice.moc"

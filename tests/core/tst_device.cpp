@@ -6,6 +6,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include <functional>
 #include <limits>
 
 using hartsim::Fault;
@@ -20,26 +21,6 @@ QStringList linesStartingWith(const Device& device, const QString& start)
         if (line.startsWith(start))
             found << line;
     return found;
-}
-
-// What a malformed-configuration row looks at after the load.
-QVariant probe(Device& device, const QString& what)
-{
-    if (what == QLatin1String("address"))
-        return device.address();
-    if (what == QLatin1String("comment"))
-        return device.comment();
-    if (what == QLatin1String("template"))
-        return device.deviceTemplateName();
-    if (what == QLatin1String("measure"))
-        return device.measureInfo();
-    if (what == QLatin1String("hartAddress"))
-        return device.hartAddress();
-    if (what == QLatin1String("hartDeviceID"))
-        return device.hartDeviceID();
-    if (what.startsWith(QLatin1String("param:")))
-        return device.deviceInfo().value(what.mid(6));
-    return QStringLiteral("<unknown probe %1>").arg(what);
 }
 
 Fault fault(Fault::Kind kind, int command, int code = 0)
@@ -57,942 +38,885 @@ class TestDevice : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-
-    // The core, without traffic.
-    void deviceInfoAccess();
-    void names();
-    void fileRoundTrip();
-    void malformedConfiguration_data();
-    void malformedConfiguration();
-    void loadFromTemplateKeepsIdentity();
-    void tagStateAndCheckOff();
-    void codeTexts();
-    void snapshots();
-    void additionalStatusTexts_data();
-    void additionalStatusTexts();
-
-    // Exchanges with the simulator.
-    void identify_data();
-    void identify();
-    void identifyFailsAtEmptyAddress();
-    void identifyByTagRefusesLowerCase();
-    void readHoldsTheSemaphore();
-    void readLogAndStatusLines();
-    void writeLogLines_data();
-    void writeLogLines();
-    void failedRead_data();
-    void failedRead();
-    void additionalStatusFromTheDevice();
-    void additionalStatusRequests_data();
-    void additionalStatusRequests();
-
-private:
     // The line with one simulated device at polling address 0 and a device of
     // the program on it, identified.
-    Device* identifiedOnLine(const QString& model = QStringLiteral("generic"), QVariantMap settings = {});
+    Device* identifiedOnLine(const QString& model = QStringLiteral("generic"), QVariantMap settings = {})
+    {
+        settings.insert(QStringLiteral("polling_address"), 0);
+        if (!m_line.start({{model, settings}}))
+            return nullptr;
+        Device* device = m_line.addDevice(0);
+        return device->readDevice(0) ? device : nullptr;
+    }
 
     ScratchDir m_dir;
     DeviceLine m_line;
-};
 
-void TestDevice::initTestCase()
-{
-    DebugQt::instance(0x8ED0007, nullptr);
-}
-
-void TestDevice::init()
-{
-    QVERIFY(m_dir.enter());
-}
-
-void TestDevice::cleanup()
-{
-    m_line.stop();
-    m_dir.leave();
-}
-
-Device* TestDevice::identifiedOnLine(const QString& model, QVariantMap settings)
-{
-    settings.insert(QStringLiteral("polling_address"), 0);
-    if (!m_line.start({{model, settings}}))
-        return nullptr;
-    Device* device = m_line.addDevice(0);
-    return device->readDevice(0) ? device : nullptr;
-}
-
-// ---------------------------------------------------------------------------
-// The core
-
-void TestDevice::deviceInfoAccess()
-{
-    Device device;
-    // Reading a missing key makes it, empty.
-    QCOMPARE(device.getDeviceInfoFloat("range_max"), 0.0f);
-    QVERIFY(!device.deviceInfo().value("range_max").isValid());
-    QCOMPARE(device.getDeviceInfoByte("unit"), 0);
-    QCOMPARE(device.getDeviceInfoString("tag"), QString());
-    QCOMPARE(device.getDeviceInfoByteArray("address"), QByteArray());
-    QCOMPARE(device.deviceInfo().keys(), QStringList({"address", "range_max", "tag", "unit"}));
-
-    device.setDeviceInfo("modify_count", 41);
-    device.incrementModifyCount();
-    QCOMPARE(device.getDeviceInfoByte("modify_count"), 42);
-    device.removeDeviceInfo("modify_count");
-    device.incrementModifyCount();
-    QCOMPARE(device.getDeviceInfoByte("modify_count"), 1);
-
-    // Every key of a slot goes, and nothing else.
-    for (const char* key : {"slot_0_code", "slot_0_class", "slot_0_unit_code", "slot_0_value", "slot_0_status",
-                            "slot_12_value", "slot_count", "slot_0_comment"})
-        device.setDeviceInfo(QLatin1String(key), 1);
-    device.removeAllSlotesInfo();
-    QCOMPARE(device.deviceInfo().keys(),
-             QStringList({"address", "modify_count", "range_max", "slot_0_comment", "slot_count", "tag", "unit"}));
-
-    // The oldest lines of the log go beyond its depth; each goes out with
-    // the polling address.
-    device.setAddress(5);
-    QSignalSpy spy(&device, &Device::modbusMessage);
-    for (int i = 0; i < 10005; ++i)
-        device.sendModbusMessage(QStringLiteral("line %1").arg(i));
-    QCOMPARE(device.messageLog().size(), 10000);
-    QCOMPARE(device.messageLog().first(), QStringLiteral("line 5"));
-    QCOMPARE(spy.size(), 10005);
-    QCOMPARE(spy.last(), (QList<QVariant>{5, QStringLiteral("line 10004")}));
-}
-
-void TestDevice::names()
-{
-    Server server;
-    Port* port = server.addPort(QStringLiteral("P1"));
-    Device* first = port->addDevice(QStringLiteral("D1"), QStringLiteral("Custom"), -1);
-    // The name follows the template and the polling address.
-    QCOMPARE(first->fullName(), QStringLiteral("P1/Custom_{0}"));
-    Device* second = port->addDevice(QStringLiteral("D2"), QStringLiteral("Custom"), -1);
-    second->setAddress(3);
-    second->updateDeviceName();
-    QCOMPARE(second->name(), QStringLiteral("Custom_{3}"));
-
-    // The tag wins over the address, but a name a sibling holds is not taken.
-    first->setDeviceInfo("tag", QStringLiteral("PT-1"));
-    first->updateDeviceName();
-    QCOMPARE(first->name(), QStringLiteral("Custom_{PT-1}"));
-    second->setDeviceInfo("tag", QStringLiteral("PT-1"));
-    second->updateDeviceName();
-    QCOMPARE(second->name(), QStringLiteral("Custom_{3}"));
-
-    QVERIFY(!second->setDeviceName(QStringLiteral("Custom_{PT-1}"), false));
-    QVERIFY(!second->setDeviceName(QString(), false));
-    QVERIFY(second->setDeviceName(QStringLiteral("Feed"), true));
-    QCOMPARE(second->name(), QStringLiteral("Custom_{3}"));
-    QVERIFY(second->setDeviceName(QStringLiteral("Feed"), false));
-    QCOMPARE(port->device(QStringLiteral("Feed")), second);
-
-    second->setDeviceInfo("descriptor", QStringLiteral("feed pump"));
-    second->setCommentFromDeviceInfo("descriptor");
-    QCOMPARE(second->comment(), QStringLiteral("feed pump"));
-    QSignalSpy spy(second, &Device::deviceTemplateChanged);
-    second->setDeviceTemplateName(QStringLiteral("QP-1C"));
-    QCOMPARE(spy, QList<QList<QVariant>>{{QStringLiteral("QP-1C")}});
-
-    // The device's own timeouts go to the port when they are set.
-    second->checkAndSetPortTimeouts();
-    QCOMPARE(port->hart().responseTimeout(), 370);
-    second->setResponceTimeout(500);
-    second->setByteTimeout(80);
-    second->checkAndSetPortTimeouts();
-    QCOMPARE(port->hart().responseTimeout(), 500);
-    QCOMPARE(port->hart().byteTimeout(), 80);
-
-    // The blank ends the label: a write logs it as it stands.
-    QCOMPARE(first->writeFunContext(38), QStringLiteral("reset config changed flag "));
-    QCOMPARE(first->readFunContext(200), QString());
-}
-
-void TestDevice::fileRoundTrip()
-{
-    // Only what is set is written, and never the producer.
-    Device device;
-    device.setProducer(QStringLiteral("ACME"));
-    QCOMPARE(device.save().keys(), QStringList({"comment", "enabled", "name", "parameters", "polling_address",
-                                                "polling_period", "priority", "template"}));
-
-    const QByteArray address = hx("a0ff007f80");
-    const QByteArray specific = hx("0500ff008000");
-    device.setDeviceTemplateName(QStringLiteral("TCV-C"));
-    device.setAddress(7);
-    device.setPollingPeriod(2500);
-    device.setComment(QStringLiteral("boiler"));
-    device.setVariant(QStringLiteral("v2"));
-    device.setEnabled(false);
-    device.setPriority(3);
-    device.setMeasureInfo({{"period", 500}, {"archive", true}});
-    const QVariantMap parameters{{"address", address},
-                                 {"deviceID", hx("00ff80")},
-                                 {"vendorID", hx("0026")},
-                                 {"expanded_device_type", hx("e091")},
-                                 {"device_specific_status", specific},
-                                 {"PV", std::numeric_limits<float>::quiet_NaN()},
-                                 {"SV", std::numeric_limits<double>::infinity()},
-                                 {"TV", -std::numeric_limits<float>::infinity()},
-                                 {"QV", 1.5f},
-                                 {"tag", "TT-101"},
-                                 {"descriptor", "0x41h looks like a byte"},
-                                 {"date", QDate(2026, 5, 20)}};
-    for (auto it = parameters.constBegin(); it != parameters.constEnd(); ++it)
-        device.setDeviceInfo(it.key(), it.value());
-    device.getDeviceInfo("never_read"); // made empty by reading it
-
-    QByteArray text;
-    const QVariantMap map = m_dir.throughConfigFile(QStringLiteral("device"), device.save(), &text).toMap();
-    // The bytes stand in the file as text of "0xHHh" groups.
-    QVERIFY2(text.contains("\"0xA0h 0xFFh 0x00h 0x7Fh 0x80h\""), text.constData());
-    QVERIFY2(text.contains("\"0x05h 0x00h 0xFFh 0x00h 0x80h 0x00h\""), text.constData());
-    QCOMPARE(map.value("enabled").toBool(), false);
-    QCOMPARE(map.value("priority").toInt(), 3);
-
-    Device loaded;
-    QVERIFY(loaded.load(map));
-    // The bytes are bytes again, and the identity is taken from them.
-    QCOMPARE(loaded.deviceInfo().value("address").typeId(), int(QMetaType::QByteArray));
-    QCOMPARE(loaded.deviceInfo().value("device_specific_status").toByteArray(), specific);
-    QCOMPARE(loaded.deviceInfo().value("date").toDate(), QDate(2026, 5, 20));
-    QCOMPARE(loaded.deviceInfo().value("PV"), QVariant(0.0));
-    QCOMPARE(loaded.hartAddress(), address);
-    QCOMPARE(loaded.hartDeviceID(), hx("00ff80"));
-    QCOMPARE(loaded.vendorID(), hx("0026"));
-    QCOMPARE(loaded.expandedDeviceType(), hx("e091"));
-    // The loaded device writes what it read, NaN and the infinities as 0.0,
-    // but a plain load leaves "enabled" and "priority" at their defaults.
-    QVariantMap expected = device.save();
-    QCOMPARE(expected.value("parameters").toMap().value("SV"), QVariant(0.0));
-    expected.insert("name", "TCV-C_{TT-101}");
-    expected.insert("enabled", true);
-    expected.insert("priority", 10);
-    QCOMPARE(loaded.save(), expected);
-
-    // Those two only the settings take, and the settings take nothing else.
-    Device settings;
-    settings.loadDeviceSettings({{"name", "Boiler"},
-                                 {"enabled", false},
-                                 {"priority", 4},
-                                 {"polling_period", 700},
-                                 {"polling_address", 9},
-                                 {"producer", "ACME"},
-                                 {"comment", "hot"},
-                                 {"template", "Other"},
-                                 {"parameters", QVariantMap{{"x", 1}}}});
-    QCOMPARE(settings.producer(), QStringLiteral("ACME"));
-    QCOMPARE(settings.save(), (QVariantMap{{"name", "Boiler"},
-                                           {"enabled", false},
-                                           {"priority", 4},
-                                           {"polling_period", 700},
-                                           {"polling_address", 9},
-                                           {"comment", "hot"},
-                                           {"template", QString()},
-                                           {"parameters", QVariantMap()}}));
-}
-
-void TestDevice::malformedConfiguration_data()
-{
-    QTest::addColumn<QVariantMap>("map");
-    QTest::addColumn<bool>("result");
-    QTest::addColumn<QVariantMap>("expected");
-
-    const QVariant null = QVariant::fromValue(nullptr);
-    QTest::newRow("empty object") << QVariantMap() << true
-                                  << QVariantMap{
-                                         {"address", 4}, {"comment", "old"}, {"template", "Old"}, {"param:tag", "T1"}};
-    QTest::newRow("parameters as text") << QVariantMap{{"parameters", "abc"}, {"comment", "new"}} << false
-                                        << QVariantMap{{"comment", "new"}, {"param:tag", "T1"}};
-    QTest::newRow("polling address as text") << QVariantMap{{"polling_address", "abc"}, {"comment", "new"}} << false
-                                             << QVariantMap{{"address", 4}, {"comment", "new"}};
-    QTest::newRow("template as list") << QVariantMap{{"template", QVariantList{1}}, {"comment", "new"}} << false
-                                      << QVariantMap{{"template", "Old"}, {"comment", "new"}};
-    QTest::newRow("measure info as number")
-        << QVariantMap{{"measure_info", 5}} << false << QVariantMap{{"measure", QVariantMap{{"a", 1}}}};
-    QTest::newRow("comment null") << QVariantMap{{"comment", null}} << false << QVariantMap{{"comment", "old"}};
-    QTest::newRow("device id as number") << QVariantMap{{"parameters", QVariantMap{{"deviceID", 5}, {"tag", "T2"}}}}
-                                         << false << QVariantMap{{"hartDeviceID", QByteArray()}, {"param:tag", "T2"}};
-    QTest::newRow("address not in byte text")
-        << QVariantMap{{"parameters", QVariantMap{{"address", "11 2a 00 2a 01"}, {"tag", "T2"}}}} << false
-        << QVariantMap{{"hartAddress", QByteArray()}, {"param:tag", "T2"}};
-    QTest::newRow("address in byte text, lower case")
-        << QVariantMap{{"parameters", QVariantMap{{"address", "0x11h 0x2ah 0x00h 0x2ah 0x01h"}}}} << true
-        << QVariantMap{{"hartAddress", hx("112a002a01")}};
-    QTest::newRow("null parameter") << QVariantMap{{"parameters", QVariantMap{{"PV", null}}}} << true
-                                    << QVariantMap{{"param:PV", QVariant()}};
-}
-
-void TestDevice::malformedConfiguration()
-{
-    QFETCH(QVariantMap, map);
-    QFETCH(bool, result);
-    QFETCH(QVariantMap, expected);
-
-    Device device;
-    device.setAddress(4);
-    device.setComment(QStringLiteral("old"));
-    device.setDeviceTemplateName(QStringLiteral("Old"));
-    device.setDeviceInfo("tag", QStringLiteral("T1"));
-    device.setMeasureInfo({{"a", 1}});
-
-    QCOMPARE(device.load(map), result);
-    for (auto it = expected.constBegin(); it != expected.constEnd(); ++it) {
-        const QVariant actual = probe(device, it.key());
-        QVERIFY2(actual == it.value(), qPrintable(QStringLiteral("%1: %2").arg(it.key(), actual.toString())));
-    }
-}
-
-void TestDevice::loadFromTemplateKeepsIdentity()
-{
-    Server server;
-    Device* device = server.addPort(QStringLiteral("P1"))->addDevice(QStringLiteral("D1"), QString(), -1);
-    device->setAddress(5);
-    device->setEnabled(false);
-    device->setComment(QStringLiteral("mine"));
-    device->setName(QStringLiteral("Live"));
-
-    const QVariantMap templ = {
-        {"name", "Template"},         {"polling_address", 0},
-        {"polling_period", 1000},     {"template", "QP-1C"},
-        {"comment", "from template"}, {"parameters", QVariantMap{{"range_max", 250.0}, {"tag", "TPL"}}}};
-    QVERIFY(device->loadFromTemplate(templ));
-    QCOMPARE(device->name(), QStringLiteral("Live"));
-    QCOMPARE(device->address(), 5);
-    QCOMPARE(device->isEnabled(), false);
-    QCOMPARE(device->comment(), QStringLiteral("mine"));
-    QCOMPARE(device->deviceTemplateName(), QStringLiteral("QP-1C"));
-    QCOMPARE(device->deviceInfo().value("range_max").toDouble(), 250.0);
-
-    QVERIFY(!device->loadFromTemplate({{"template", 5}}));
-    QCOMPARE(device->name(), QStringLiteral("Live"));
-}
-
-void TestDevice::tagStateAndCheckOff()
-{
-    Device device;
-    QCOMPARE(device.deviceTagsStateToShortString(), QString());
-    QCOMPARE(device.deviceTagsStateToLongString(), QStringLiteral("from file"));
-    device.setDeviceTagState(64);
-    QCOMPARE(device.deviceTagsStateToShortString(), QStringLiteral("[!]"));
-    QCOMPARE(device.deviceTagsStateToLongString(), QStringLiteral("from file"));
-    device.setDeviceTagState(1 | 2 | 4 | 8 | 16 | 64);
-    QCOMPARE(device.deviceTagsStateToShortString(), QStringLiteral("[>*<@!]"));
-    QCOMPARE(device.deviceTagsStateToLongString(),
-             QStringLiteral("form device / changed / saved in device / periodically requested"));
-
-    // A device checked off forgets its identity and its state, not its tag.
-    device.load({{"parameters", QVariantMap{{"address", "0x11h 0x2Ah 0x00h 0x2Ah 0x01h"},
-                                            {"deviceID", "0x00h 0x2Ah 0x01h"},
-                                            {"tag", "PT-1"}}}});
-    QVERIFY(device.isIdentified());
-    device.setDeviceTagState(4 | 8);
-    device.updateState(5);
-    device.checkOffDevice();
-    QVERIFY(!device.isIdentified());
-    QCOMPARE(device.hartAddress(), QByteArray());
-    QCOMPARE(device.deviceInfo().value("address").toByteArray(), QByteArray());
-    QCOMPARE(device.deviceInfo().value("deviceID").toByteArray(), QByteArray());
-    QCOMPARE(device.deviceInfo().value("tag").toString(), QStringLiteral("PT-1"));
-    QCOMPARE(device.deviceTagState(), 1);
-    QCOMPARE(device.state(), 1);
-    QCOMPARE(device.errorCode(), 1);
-}
-
-void TestDevice::codeTexts()
-{
-    // One row for each rule: the odd spellings, the class-dependent range
-    // 170 to 219, the edges of ranges and codes not listed.
-    const struct
+private slots:
+    void initTestCase() { DebugQt::instance(0x8ED0007, nullptr); }
+    void init() { QVERIFY(m_dir.enter()); }
+    void cleanup()
     {
-        int unit;
-        int classCode;
-        const char* text;
-    } units[] = {{1, 0, "inchWS"}, {10, 0, "kgf/sm2"}, {12, 73, "kPa"},  {37, 0, "Om"},     {163, 0, "kOm"},
-                 {237, 0, "MPa"},  {3, 0, "?"},        {170, 0, "?"},    {170, 73, "mg/l"}, {170, 85, "MOm"},
-                 {171, 85, "?"},   {170, 97, "FNU"},   {171, 97, "FTU"}, {172, 97, "NTU"},  {173, 97, "?"}};
-    for (const auto& u : units)
-        QCOMPARE(Device::getUnitCodeText(u.unit, u.classCode), QLatin1String(u.text));
-    QCOMPARE(Device::getUnitCodeText(32, 0), QString::fromLatin1("\xB0"
-                                                                 "C"));
-
-    // Each list: "code:text" rows, one after the other.
-    const QList<QPair<QString (*)(int), const char*>> texts = {
-        {&Device::getClassificationText, "0:Not Classified;77:Energy (Work);96:?;97:Turbidity;250:Not used"},
-        {&Device::getFamilyText,
-         "3:Reserved;4:Temperature;6:Valve / Actuator;15:?;132:Reserved;249:Reserved;250:Not Used;251:?"},
-        {&Device::getDeviceVariableStatusText,
-         "64:Poor Accuracy | Not Limited;144:Manual/Fixed | Low Limited;224:Good | High Limited;63:Bad | Constant"},
-        {&Device::getPVAlarmSelectionText, "0:High;2:?;239:Hold Last Output Value;240:Manufacturer Specific;"
-                                           "249:Manufacturer Specific;250:Not Used;254:?"}};
-    for (const auto& [text, rows] : texts) {
-        for (const QString& row : QString::fromLatin1(rows).split(QLatin1Char(';')))
-            QCOMPARE(text(row.section(QLatin1Char(':'), 0, 0).toInt()), row.section(QLatin1Char(':'), 1));
+        m_line.stop();
+        m_dir.leave();
     }
 
-    // Templates by identity: our maker's types, an unknown type of ours, any other maker.
-    const QString templates = QStringLiteral("224:145:TCV-C;224:146:DX-C;224:147:QP-1C;224:148:pH-7702;224:149:Unknown;"
-                                             "224:0:Unknown;17:42:General;17:145:General;0:148:General");
-    for (const QString& row : templates.split(QLatin1Char(';')))
-        QCOMPARE(Device::templateNameByCodes(row.section(':', 0, 0).toInt(), row.section(':', 1, 1).toInt()),
-                 row.section(':', 2));
+    // -----------------------------------------------------------------------
+    // The core, without traffic
 
-    // The variables' units are looked up with their classes, calibration
-    // with class 0.
-    Device device;
-    device.setDeviceInfo("PV_unit_code", 170);
-    device.setDeviceInfo("PV_class_code", 97);
-    device.setDeviceInfo("SV_unit_code", 171);
-    device.setDeviceInfo("SV_class_code", 97);
-    device.setDeviceInfo("TV_unit_code", 170);
-    device.setDeviceInfo("TV_class_code", 73);
-    device.setDeviceInfo("QV_unit_code", 170);
-    device.setDeviceInfo("QV_class_code", 85);
-    device.setDeviceInfo("calibrate_unit_code", 170);
-    device.setDeviceInfo("calibrate_class_code", 73);
-    QCOMPARE(device.getPVUnitCodeText(), QStringLiteral("FNU"));
-    QCOMPARE(device.getSVUnitCodeText(), QStringLiteral("FTU"));
-    QCOMPARE(device.getTVUnitCodeText(), QStringLiteral("mg/l"));
-    QCOMPARE(device.getQVUnitCodeText(), QStringLiteral("MOm"));
-    QCOMPARE(device.getCalibrateUnitCodeText(), QStringLiteral("?"));
-}
+    void deviceInfoAccess()
+    {
+        Device device;
+        // Reading a missing key makes it, empty.
+        QCOMPARE(device.getDeviceInfoFloat("range_max"), 0.0f);
+        QVERIFY(!device.deviceInfo().value("range_max").isValid());
+        QCOMPARE(device.getDeviceInfoByte("unit"), 0);
+        QCOMPARE(device.getDeviceInfoString("tag"), QString());
+        QCOMPARE(device.getDeviceInfoByteArray("address"), QByteArray());
+        QCOMPARE(device.deviceInfo().keys(), QStringList({"address", "range_max", "tag", "unit"}));
 
-void TestDevice::snapshots()
-{
-    Device device;
-    // The tag and the state a snapshot holds, as one text.
-    const auto now = [&] { return device.getDeviceInfoString("tag") + QString::number(device.deviceTagState()); };
-    const auto set = [&](const char* tag, int state) {
-        device.setDeviceInfo("tag", QLatin1String(tag));
-        device.setDeviceTagState(state);
-    };
-    set("FIRST", 1 | 4);
-    QVERIFY(!device.hasBackup());
-    device.backupTags();
-    QVERIFY(device.hasBackup());
-    QVERIFY(!device.hasRollback());
-    set("EDITED", 1 | 2);
-    device.setComment(QStringLiteral("edited"));
+        device.setDeviceInfo("modify_count", 41);
+        device.incrementModifyCount();
+        QCOMPARE(device.getDeviceInfoByte("modify_count"), 42);
+        device.removeDeviceInfo("modify_count");
+        device.incrementModifyCount();
+        QCOMPARE(device.getDeviceInfoByte("modify_count"), 1);
 
-    // Restore and rollback undo each other.
-    device.restoreTags();
-    QVERIFY(device.hasRollback());
-    QCOMPARE(now(), QStringLiteral("FIRST5"));
-    QCOMPARE(device.comment(), QString());
-    device.rollbackTags();
-    QCOMPARE(now(), QStringLiteral("EDITED3"));
-    QCOMPARE(device.comment(), QStringLiteral("edited"));
-    device.restoreTags();
-    QCOMPARE(now(), QStringLiteral("FIRST5"));
-    // A new backup forgets the rollback.
-    device.backupTags();
-    QVERIFY(!device.hasRollback());
+        // Every key of a slot goes, and nothing else.
+        for (const char* key : {"slot_0_code", "slot_0_class", "slot_0_unit_code", "slot_0_value", "slot_0_status",
+                                "slot_12_value", "slot_count", "slot_0_comment"})
+            device.setDeviceInfo(QLatin1String(key), 1);
+        device.removeAllSlotesInfo();
+        QCOMPARE(device.deviceInfo().keys(),
+                 QStringList({"address", "modify_count", "range_max", "slot_0_comment", "slot_count", "tag", "unit"}));
 
-    // What the device and the file held; what stood before goes to the backup.
-    set("FROM-DEV", 4);
-    device.backupTagsInDeviceData();
-    set("FROM-FILE", 1);
-    device.backupTagsInFileData();
-    QVERIFY(device.hasDeviceData() && device.hasFileData());
-    set("EDITED", 2);
-    device.restoreTagsFromDeviceData();
-    QCOMPARE(now(), QStringLiteral("FROM-DEV4"));
-    device.restoreTags();
-    QCOMPARE(now(), QStringLiteral("EDITED2"));
-    device.restoreTagsFromFileData();
-    QCOMPARE(now(), QStringLiteral("FROM-FILE1"));
-    device.clearFileData();
-    QVERIFY(!device.hasFileData());
-
-    // A paste is marked changed and undone from the backup it made; what is
-    // no device is refused and not marked.
-    QSignalSpy modified(&device, &ServerItem::modified);
-    Device source;
-    source.setDeviceInfo("tag", QStringLiteral("COPIED"));
-    QVERIFY(device.pasteFromClipboard(source.save()));
-    QCOMPARE(now(), QStringLiteral("COPIED3"));
-    QCOMPARE(modified.size(), 1);
-    device.restoreTags();
-    QCOMPARE(now(), QStringLiteral("FROM-FILE1"));
-    QVERIFY(!device.pasteFromClipboard({{"parameters", "not a map"}}));
-    QCOMPARE(modified.size(), 1);
-    QCOMPARE(now(), QStringLiteral("FROM-FILE1"));
-
-    // The backup of the map gives back only missing keys, and only to the
-    // device at the same address.
-    device.setDeviceInfo("address", hx("112a002a01"));
-    device.setDeviceInfo("range_max", 100.0);
-    device.backupDeviceInfo();
-    device.removeDeviceInfo("tag");
-    device.setDeviceInfo("range_max", 50.0);
-    device.checkAndRestoreDeviceInfo();
-    QCOMPARE(device.getDeviceInfoString("tag"), QStringLiteral("FROM-FILE"));
-    QCOMPARE(device.deviceInfo().value("range_max").toDouble(), 50.0);
-    device.removeDeviceInfo("tag");
-    device.setDeviceInfo("address", hx("112a002a02"));
-    device.checkAndRestoreDeviceInfo();
-    QVERIFY(!device.hasDeviceInfoParam("tag"));
-}
-
-void TestDevice::additionalStatusTexts_data()
-{
-    QTest::addColumn<QString>("templateName");
-    QTest::addColumn<QByteArray>("status48");
-    QTest::addColumn<QString>("text");
-
-    QTest::newRow("nothing") << "Custom" << hx("000000000000000000") << QString();
-    QTest::newRow("EEPROM bits, 0x04 without a text")
-        << "Custom" << hx("000037000000000000")
-        << "\n--- Error of writing configuration to EEPROM."
-           "\n--- Device configuration is restored (from the secondary page)."
-           "\n--- Error of writing the device HART_UID to the EEPROM"
-           "\n--- Factory device number is restored (from the sub-page).";
-    QTest::newRow("extended and standardized status") << "Custom" << hx("000000000000030016")
-                                                      << "\n--- Device requires maintenance."
-                                                         "\n--- Device variable is in an Alarm state."
-                                                         "\n--- Non-Volatile Memory Defect."
-                                                         "\n--- Volatile Memory Defect."
-                                                         "\n--- Voltage Conditions Out of Range.";
-    QTest::newRow("vendor fields in order") << "Custom" << hx("0A0201000000010002")
-                                            << "\n--- Device ADC error code: 10"
-                                               "\n--- The ADC is overloaded. Flags: 0x02"
-                                               "\n--- Error of writing configuration to EEPROM."
-                                               "\n--- Device requires maintenance."
-                                               "\n--- Non-Volatile Memory Defect.";
-    QTest::newRow("General shows the raw bytes") << "General" << hx("0A0201000000010002")
-                                                 << "\n--- Device specific status: 0A 02 01 00 00 00"
-                                                    "\n--- Device requires maintenance."
-                                                    "\n--- Non-Volatile Memory Defect.";
-    QTest::newRow("General with zero bytes")
-        << "General" << hx("000000000000020000") << "\n--- Device variable is in an Alarm state.";
-    QTest::newRow("a name containing General")
-        << "General HART 7" << hx("000000000005000000") << "\n--- Device specific status: 00 00 00 00 00 05";
-    // A short answer: what is missing counts as 0.
-    QTest::newRow("one byte") << "Custom" << hx("07") << "\n--- Device ADC error code: 7";
-}
-
-void TestDevice::additionalStatusTexts()
-{
-    QFETCH(QString, templateName);
-    QFETCH(QByteArray, status48);
-    QFETCH(QString, text);
-
-    Device device;
-    device.setDeviceTemplateName(templateName);
-    device.setDeviceInfo("extended_status", 0xFF);
-    device.setDeviceInfo("standart_status_0", 0xFF);
-    device.saveCmd48Responce(status48);
-    // The fields of the answer are kept under their keys.
-    QCOMPARE(device.cmd48Data(), status48);
-    const auto byte = [&](int i) { return QVariant(i < status48.size() ? int(quint8(status48.at(i))) : 0); };
-    const QVariantMap& info = device.deviceInfo();
-    QCOMPARE(info.value("error_code"), byte(0));
-    QCOMPARE(info.value("ADC_flags"), byte(1));
-    QCOMPARE(info.value("EEPROM_flags"), byte(2));
-    QCOMPARE(info.value("device_specific_status").toByteArray(), status48.left(6));
-    QCOMPARE(info.value("extended_status"), byte(6));
-    QCOMPARE(info.value("standart_status_0"), byte(8));
-
-    QSignalSpy status(&device, &Device::deviceStatus);
-    // Without a request and without the flag: the texts of what is held.
-    QVERIFY(device.checkAdditionalStatus(false, false));
-    QCOMPARE(device.additionalStatusText(), text);
-    const QString line = QStringLiteral("Additional status info:") + text;
-    QCOMPARE(status.size(), text.isEmpty() ? 0 : 1);
-    QCOMPARE(device.messageLog(), text.isEmpty() ? QList<QString>() : QList<QString>{line});
-    if (!text.isEmpty())
-        QCOMPARE(status.first().at(0).toString(), line);
-}
-
-// ---------------------------------------------------------------------------
-// Exchanges
-
-void TestDevice::identify_data()
-{
-    QTest::addColumn<int>("command");
-    QTest::addColumn<int>("pollingAddress"); // of the device looked for; another one stands at 0
-    QTest::addColumn<QVariantMap>("settings");
-    QTest::addColumn<QVariantMap>("info"); // what the program looks for
-    QTest::addColumn<QByteArray>("hartAddress");
-    QTest::addColumn<QByteArray>("frameAddress"); // of the first request
-    QTest::addColumn<QByteArray>("request");
-    QTest::addColumn<QString>("tryLine"); // %1: the port
-    QTest::addColumn<QString>("checkedLine");
-
-    QTest::newRow("0, polling address") << 0 << 0 << QVariantMap{{"device_id", 0x123456}, {"tag", "PT-1"}}
-                                        << QVariantMap() << hx("112a123456") << hx("80") << QByteArray()
-                                        << "Try to check Custom_{0} at address 0 via %1 ..."
-                                        << "Checked successfully - Custom_{0} (11 2A 12 34 56 12 34 56 exts:00)!";
-    QTest::newRow("11, tag") << 11 << 1 << QVariantMap{{"device_id", 0x000777}, {"tag", "TT-101"}}
-                             << QVariantMap{{"tag", "TT-101"}} << hx("112a000777") << hx("8000000000")
-                             << hx("514b71c31820") << "Try to check Custom_{0} by tag 'TT-101' via %1 ..."
-                             << "Checked successfully - Custom_{0} (11 2A 00 07 77 00 07 77 exts:00)!";
-    QTest::newRow("21, long tag") << 21 << 1 << QVariantMap{{"device_id", 0x000888}, {"long_tag", "Pump two"}}
-                                  << QVariantMap{{"long_tag", "Pump two"}} << hx("112a000888") << hx("8000000000")
-                                  << QByteArray("Pump two") + QByteArray(24, '\0')
-                                  << "Try to check Custom_{0} by long tag 'Pump two' via %1 ..."
-                                  << "Checked successfully - Custom_{0} (11 2A 00 08 88 00 08 88 exts:00)!";
-    QTest::newRow("73, button pressed") << 73 << 4 << QVariantMap{{"device_id", 0x000999}, {"button_pressed", true}}
-                                        << QVariantMap() << hx("112a000999") << hx("8000000000") << QByteArray()
-                                        << "Try to check Custom_{0} via %1 ..."
-                                        << "Checked successfully - 11 2A 00 09 99!";
-}
-
-void TestDevice::identify()
-{
-    QFETCH(int, command);
-    QFETCH(int, pollingAddress);
-    QFETCH(QVariantMap, settings);
-    QFETCH(QVariantMap, info);
-    QFETCH(QByteArray, hartAddress);
-    QFETCH(QByteArray, frameAddress);
-    QFETCH(QByteArray, request);
-    QFETCH(QString, tryLine);
-    QFETCH(QString, checkedLine);
-
-    settings.insert("polling_address", pollingAddress);
-    QList<SimulatedLine::Device> line{{"generic", settings}};
-    if (pollingAddress != 0)
-        line.prepend({"generic", {{"polling_address", 0}, {"tag", "PT-1"}, {"long_tag", "Pump one"}}});
-    QVERIFY(m_line.start(line));
-    Device* device = m_line.addDevice(0);
-    for (auto it = info.constBegin(); it != info.constEnd(); ++it)
-        device->setDeviceInfo(it.key(), it.value());
-    QSignalSpy errors(device, &Device::deviceError);
-    QVERIFY(command == 11 || command == 21 ? device->writeDevice(command) : device->readDevice(command));
-    QCOMPARE(device->hartAddress(), hartAddress);
-    QCOMPARE(device->hartDeviceID(), hartAddress.mid(2));
-    QCOMPARE(device->deviceInfo().value("deviceID").toByteArray(), hartAddress.mid(2));
-    QCOMPARE(device->vendorID(), hx("0011"));
-    QCOMPARE(device->expandedDeviceType(), hx("112a"));
-    QCOMPARE(device->deviceInfo().value("universal_cmd_version").toInt(), 7);
-    QCOMPARE(device->state(), 2);
-    QCOMPARE(errors.size(), 0);
-    QCOMPARE(device->serialSettings().name, m_line.sim.path());
-    QCOMPARE(linesStartingWith(*device, QStringLiteral("Try to check")),
-             QStringList({tryLine.arg(m_line.port->configName())}));
-    QCOMPARE(linesStartingWith(*device, QStringLiteral("Checked")), QStringList({checkedLine}));
-    const hartsim::RequestRecord record = m_line.sim.record(1);
-    QCOMPARE(int(record.command), command);
-    QCOMPARE(record.address, frameAddress);
-    QCOMPARE(record.data, request);
-
-    // Later frames go to the long address, with the master's bit.
-    QVERIFY(device->readDevice(1));
-    QCOMPARE(m_line.sim.record(2).address, char(0x80 | hartAddress.at(0)) + hartAddress.mid(1));
-}
-
-void TestDevice::identifyFailsAtEmptyAddress()
-{
-    QVERIFY(m_line.start({{"generic", {{"polling_address", 0}}}}));
-    Device* device = m_line.addDevice(9);
-    QSignalSpy errors(device, &Device::deviceError);
-    QVERIFY(!device->readDevice(0));
-    QVERIFY(!device->isIdentified());
-    QCOMPARE(device->state(), 3);
-    QCOMPARE(device->errorCode(), 4);
-    QCOMPARE(linesStartingWith(*device, QStringLiteral("Get device ID by cmd 0 error:")).size(), 1);
-    QCOMPARE(errors.size(), 1);
-    const QString signalText = errors.first().at(0).toString();
-    QVERIFY2(signalText.startsWith(QStringLiteral("error 4 executing cmd=0 - ")), qPrintable(signalText));
-    QVERIFY(!signalText.contains(QLatin1Char('\n')));
-}
-
-void TestDevice::identifyByTagRefusesLowerCase()
-{
-    Device* device = identifiedOnLine();
-    QVERIFY(device);
-    device->setDeviceInfo("tag", QStringLiteral("pt-1"));
-    QSignalSpy errors(device, &Device::deviceError);
-    const int before = int(device->messageLog().size());
-    QVERIFY(!device->writeDevice(11));
-    QCOMPARE(device->errorText(), QStringLiteral("Invalid chars in device tag!"));
-    QCOMPARE(device->state(), 3);
-    QVERIFY(device->errorCode() != 1);
-    QCOMPARE(errors.size(), 1);
-    // Nothing went out, so no traces and no status of the earlier exchange.
-    QCOMPARE(
-        device->messageLog().mid(before),
-        QList<QString>(
-            {QStringLiteral("Try to check %1 by tag 'pt-1' via %2 ...").arg(device->name(), m_line.port->configName()),
-             QStringLiteral("Get device ID by cmd 11 error: Invalid chars in device tag!")}));
-    QCOMPARE(device->statusBytes(), QByteArray());
-    QCOMPARE(m_line.served(device, 1), QList<int>({0, 16}));
-}
-
-void TestDevice::readHoldsTheSemaphore()
-{
-    Device* device = identifiedOnLine();
-    QVERIFY(device);
-    QSemaphore& semaphore = m_line.port->semaphore();
-    QCOMPARE(semaphore.available(), 1);
-
-    // Every line of the exchange is logged while the permit is held, and a
-    // failed exchange gives the permit back too.
-    QList<int> permits;
-    const QMetaObject::Connection connection = connect(
-        device, &Device::modbusMessage, this, [&](int, const QString&) { permits << semaphore.available(); },
-        Qt::DirectConnection);
-    QByteArray response;
-    QCOMPARE(device->read(QStringLiteral("PV"), 1, response), 1);
-    QCOMPARE(semaphore.available(), 1);
-    QVERIFY(permits.size() >= 3);
-    m_line.sim.addFault(0, fault(Fault::NoAnswer, -1));
-    QVERIFY(device->read(QStringLiteral("PV"), 1, response) != 1);
-    QCOMPARE(semaphore.available(), 1);
-    QVERIFY(permits.size() >= 5);
-    QCOMPARE(permits, QList<int>(permits.size(), 0));
-    disconnect(connection);
-}
-
-void TestDevice::readLogAndStatusLines()
-{
-    Device* device = identifiedOnLine(); // takes the cold start
-    QVERIFY(device);
-    QCOMPARE(linesStartingWith(*device, QStringLiteral("Device status:")),
-             QStringList({QStringLiteral("Device status: [00 20]")}));
-    QSignalSpy status(device, &Device::deviceStatus);
-    int before = int(device->messageLog().size());
-    QByteArray response;
-    QCOMPARE(device->read(QStringLiteral("PV"), 1, response), 1);
-    QCOMPARE(response.size(), 5);
-    QList<QString> lines = device->messageLog().mid(before);
-    QCOMPARE(lines.size(), 4);
-    QCOMPARE(lines.at(0), QStringLiteral("reading PV (cmd=1)...\n"));
-    QVERIFY2(lines.at(1).contains(QLatin1String(" TX (")), qPrintable(lines.at(1)));
-    QVERIFY2(lines.at(2).contains(QLatin1String(" RX (")), qPrintable(lines.at(2)));
-    QCOMPARE(lines.at(3), QStringLiteral("Success (processing time: %1ms)").arg(device->processingTime()));
-    QCOMPARE(device->state(), 2);
-    QCOMPARE(device->deviceTagState() & (Device::TagStateRead | Device::TagStateWritten), int(Device::TagStateRead));
-    QCOMPARE(status.size(), 1);
-    QCOMPARE(status.first(), (QList<QVariant>{QString(), hx("0000")}));
-
-    // A write raises the configuration-changed flag: every answer now tells it.
-    device->setDeviceInfo("damping_time", 2.0f);
-    QVERIFY(device->writeDevice(34));
-    status.clear();
-    before = int(device->messageLog().size());
-    QVERIFY(device->readDevice(1));
-    lines = device->messageLog().mid(before);
-    QCOMPARE(lines.size(), 6);
-    QCOMPARE(lines.at(3), QStringLiteral("Device status: [00 40]"));
-    QCOMPARE(lines.at(4), QStringLiteral("*** Configuration changed"));
-    QCOMPARE(status.size(), 1);
-    QCOMPARE(status.first(), (QList<QVariant>{QStringLiteral("*** Configuration changed"), hx("0040")}));
-}
-
-void TestDevice::writeLogLines_data()
-{
-    QTest::addColumn<int>("command");
-    QTest::addColumn<QVariantMap>("request");
-    QTest::addColumn<int>("code");      // the response code; the device is made to give it unless it is 2
-    QTest::addColumn<QString>("label"); // as the first line has it; then as the failure has it
-    QTest::addColumn<QString>("failureLabel");
-    QTest::addColumn<QString>("reason");
-
-    QTest::newRow("writing, write protected")
-        << 34 << QVariantMap{{"damping_time", 4.0f}} << 7 << "writing damping value"
-        << "writing damping value"
-        << "write protection mode set";
-    QTest::newRow("reset: executing") << 42 << QVariantMap() << 6 << "reset device"
-                                      << "executing reset device"
-                                      << "command not executed";
-    QTest::newRow("start: executing") << 41 << QVariantMap() << 32 << "start device self test"
-                                      << "executing start device self test"
-                                      << "device is busy";
-    QTest::newRow("get: no word") << 33 << QVariantMap{{"slot_0_code", 9}} << 2 << "get device variables"
-                                  << "get device variables"
-                                  << "wrong choice";
-}
-
-void TestDevice::writeLogLines()
-{
-    QFETCH(int, command);
-    QFETCH(QVariantMap, request);
-    QFETCH(int, code);
-    QFETCH(QString, label);
-    QFETCH(QString, failureLabel);
-    QFETCH(QString, reason);
-
-    Device* device = identifiedOnLine();
-    QVERIFY(device);
-    for (auto it = request.constBegin(); it != request.constEnd(); ++it)
-        device->setDeviceInfo(it.key(), it.value());
-    if (code != 2)
-        m_line.sim.addFault(0, fault(Fault::ResponseCode, command, code));
-    QSignalSpy errors(device, &Device::deviceError);
-    const int before = int(device->messageLog().size());
-    QVERIFY(!device->writeDevice(command));
-    const QList<QString> lines = device->messageLog().mid(before);
-    QVERIFY(!lines.isEmpty());
-    QCOMPARE(lines.first(), QStringLiteral("%1 (cmd=%2)...\n").arg(label).arg(command));
-    const QString error = QStringLiteral("Command error (error code %1): *** %2").arg(code).arg(reason);
-    QCOMPARE(lines.last(), QStringLiteral("error -3 %1 - %2\nError (processing time: %3ms)")
-                               .arg(failureLabel, error)
-                               .arg(device->processingTime()));
-    // The response code stands in the status, and so in the log.
-    QCOMPARE(device->statusBytes().size(), 2);
-    QCOMPARE(int(quint8(device->statusBytes().at(0))), code);
-    const QString hexCode = QString::number(code, 16).rightJustified(2, QLatin1Char('0')).toUpper();
-    QCOMPARE(linesStartingWith(*device, QStringLiteral("Device status: [%1 ").arg(hexCode)).size(), 1);
-    QCOMPARE(errors.size(), 1);
-    QCOMPARE(errors.first().at(0).toString(), QStringLiteral("error executing cmd=%1 - %2").arg(command).arg(error));
-    QCOMPARE(device->errorCode(), -3);
-    QCOMPARE(device->state(), 3);
-    QVERIFY(!(device->deviceTagState() & Device::TagStateWritten));
-    QCOMPARE(device->getDeviceInfoByte("modify_count"), 0);
-}
-
-void TestDevice::failedRead_data()
-{
-    QTest::addColumn<QString>("cause");
-    QTest::addColumn<bool>("closeOnError");
-    QTest::addColumn<int>("code");
-    QTest::newRow("no answer, port closed") << "no answer" << true << 4;
-    QTest::newRow("no answer, port kept open") << "no answer" << false << 4;
-    QTest::newRow("no such file") << "no such file" << true << 3;
-    QTest::newRow("a file that is no serial port") << "no tty" << false << 4;
-}
-
-void TestDevice::failedRead()
-{
-    QFETCH(QString, cause);
-    QFETCH(bool, closeOnError);
-    QFETCH(int, code);
-
-    Device* device = identifiedOnLine();
-    QVERIFY(device);
-    device->setClosePortOnError(closeOnError);
-    QVERIFY(device->readDevice(1));
-    Port* port = m_line.port;
-    QVERIFY(port->isOpened()); // a good exchange never closes it
-    const bool noAnswer = cause == "no answer";
-    const QString path = m_dir.filePath("no-modem");
-    if (noAnswer) {
-        m_line.sim.addFault(0, fault(Fault::NoAnswer, 1));
-    } else {
-        port->closeHart();
-        if (cause == "no tty")
-            QVERIFY(!m_dir.writeFile("no-modem", "not a tty").isEmpty());
-        QVERIFY(port->setSerialName(path));
+        // The oldest lines of the log go beyond its depth; each goes out with
+        // the polling address.
+        device.setAddress(5);
+        QSignalSpy spy(&device, &Device::modbusMessage);
+        for (int i = 0; i < 10005; ++i)
+            device.sendModbusMessage(QStringLiteral("line %1").arg(i));
+        QCOMPARE(device.messageLog().size(), 10000);
+        QCOMPARE(device.messageLog().first(), QStringLiteral("line 5"));
+        QCOMPARE(spy.size(), 10005);
+        QCOMPARE(spy.last(), (QList<QVariant>{5, QStringLiteral("line 10004")}));
     }
-    device->setDeviceTagState(1 | 4);
-    QSignalSpy errors(device, &Device::deviceError);
-    const QVariant pvBefore = device->deviceInfo().value("PV");
-    const int requests = m_line.sim.line().requestCount();
-    QVERIFY(!device->readDevice(1));
-    QCOMPARE(device->errorCode(), code);
-    QCOMPARE(device->state(), 3);
-    const QString portText = port->errorText();
-    QVERIFY(!portText.isEmpty());
-    QCOMPARE(device->errorText(), portText);
-    QCOMPARE(device->deviceInfo().value("PV"), pvBefore);
-    QCOMPARE(device->statusBytes(), QByteArray());
-    QCOMPARE(device->messageLog().last(), QStringLiteral("error %1 reading 'PV' - %2\nError (processing time: %3ms)")
-                                              .arg(code)
-                                              .arg(portText)
-                                              .arg(device->processingTime()));
-    // A line end of the port's text is replaced in the signal.
-    QCOMPARE(portText.contains('\n'), cause == "no tty");
-    QCOMPARE(errors.size(), 1);
-    QCOMPARE(errors.first().at(0).toString(),
-             QStringLiteral("error %1 executing cmd=1 - %2").arg(code).arg(QString(portText).replace('\n', "d - ")));
-    QCOMPARE(port->isOpened(), noAnswer && !closeOnError);
-    // Without an answer the identity stays: the line is there. A port that
-    // does not open loses it, and tells why.
-    QCOMPARE(device->isIdentified(), noAnswer);
-    QCOMPARE(device->deviceTagState(), noAnswer ? 1 | 4 : 1);
-    QCOMPARE(linesStartingWith(*device, "error open port"),
-             noAnswer ? QStringList() : QStringList{QStringLiteral("error open port '%1' - %2").arg(path, portText)});
-    if (!noAnswer) {
-        QCOMPARE(m_line.sim.line().requestCount(), requests);
-        QCOMPARE(device->deviceInfo().value("address").toByteArray(), QByteArray());
+
+    void namesAndTemplate()
+    {
+        Server server;
+        Port* port = server.addPort(QStringLiteral("P1"));
+        Device* first = port->addDevice(QStringLiteral("D1"), QStringLiteral("Custom"), -1);
+        // The name follows the template and the polling address.
+        QCOMPARE(first->fullName(), QStringLiteral("P1/Custom_{0}"));
+        Device* second = port->addDevice(QStringLiteral("D2"), QStringLiteral("Custom"), -1);
+        second->setAddress(3);
+        second->updateDeviceName();
+        QCOMPARE(second->name(), QStringLiteral("Custom_{3}"));
+
+        // The tag wins over the address, but a name a sibling holds is not taken.
+        first->setDeviceInfo("tag", QStringLiteral("PT-1"));
+        first->updateDeviceName();
+        QCOMPARE(first->name(), QStringLiteral("Custom_{PT-1}"));
+        second->setDeviceInfo("tag", QStringLiteral("PT-1"));
+        second->updateDeviceName();
+        QCOMPARE(second->name(), QStringLiteral("Custom_{3}"));
+
+        QVERIFY(!second->setDeviceName(QStringLiteral("Custom_{PT-1}"), false));
+        QVERIFY(!second->setDeviceName(QString(), false));
+        QVERIFY(second->setDeviceName(QStringLiteral("Feed"), true));
+        QCOMPARE(second->name(), QStringLiteral("Custom_{3}"));
+        QVERIFY(second->setDeviceName(QStringLiteral("Feed"), false));
+        QCOMPARE(port->device(QStringLiteral("Feed")), second);
+
+        second->setDeviceInfo("descriptor", QStringLiteral("feed pump"));
+        second->setCommentFromDeviceInfo("descriptor");
+        QCOMPARE(second->comment(), QStringLiteral("feed pump"));
+        QSignalSpy spy(second, &Device::deviceTemplateChanged);
+        second->setDeviceTemplateName(QStringLiteral("QP-1C"));
+        QCOMPARE(spy, QList<QList<QVariant>>{{QStringLiteral("QP-1C")}});
+
+        // The device's own timeouts go to the port when they are set.
+        second->checkAndSetPortTimeouts();
+        QCOMPARE(port->hart().responseTimeout(), 370);
+        second->setResponceTimeout(500);
+        second->setByteTimeout(80);
+        second->checkAndSetPortTimeouts();
+        QCOMPARE(port->hart().responseTimeout(), 500);
+        QCOMPARE(port->hart().byteTimeout(), 80);
+
+        // The blank ends the label: a write logs it as it stands.
+        QCOMPARE(first->writeFunContext(38), QStringLiteral("reset config changed flag "));
+        QCOMPARE(first->readFunContext(200), QString());
+
+        // A template gives its settings but not the identity of the device.
+        second->setAddress(5);
+        second->setEnabled(false);
+        second->setComment(QStringLiteral("mine"));
+        second->setName(QStringLiteral("Live"));
+        QVERIFY(second->loadFromTemplate({{"name", "Template"},
+                                          {"polling_address", 0},
+                                          {"polling_period", 1000},
+                                          {"template", "TCV-C"},
+                                          {"comment", "from template"},
+                                          {"parameters", QVariantMap{{"range_max", 250.0}, {"tag", "TPL"}}}}));
+        QCOMPARE(second->name(), QStringLiteral("Live"));
+        QCOMPARE(second->address(), 5);
+        QCOMPARE(second->isEnabled(), false);
+        QCOMPARE(second->comment(), QStringLiteral("mine"));
+        QCOMPARE(second->deviceTemplateName(), QStringLiteral("TCV-C"));
+        QCOMPARE(second->deviceInfo().value("range_max").toDouble(), 250.0);
+        QVERIFY(!second->loadFromTemplate({{"template", 5}}));
+        QCOMPARE(second->name(), QStringLiteral("Live"));
     }
-    if (cause == "no such file")
-        QCOMPARE(portText, QStringLiteral("not such device '%1'").arg(path));
 
-    // And the next read goes through again.
-    m_line.sim.line().clearFaults();
-    QVERIFY(noAnswer || port->setSerialName(m_line.sim.path()));
-    QVERIFY(device->readDevice(1));
-    QCOMPARE(device->state(), 2);
-}
+    void fileRoundTrip()
+    {
+        // Only what is set is written, and never the producer.
+        Device device;
+        device.setProducer(QStringLiteral("ACME"));
+        QCOMPARE(device.save().keys(), QStringList({"comment", "enabled", "name", "parameters", "polling_address",
+                                                    "polling_period", "priority", "template"}));
 
-void TestDevice::additionalStatusFromTheDevice()
-{
-    Device* device = identifiedOnLine();
-    QVERIFY(device);
-    QVERIFY(device->readDevice(1));
-    QCOMPARE(device->additionalStatusText(), QString());
+        const QByteArray address = hx("a0ff007f80");
+        const QByteArray specific = hx("0500ff008000");
+        device.setDeviceTemplateName(QStringLiteral("TCV-C"));
+        device.setAddress(7);
+        device.setPollingPeriod(2500);
+        device.setComment(QStringLiteral("boiler"));
+        device.setVariant(QStringLiteral("v2"));
+        device.setEnabled(false);
+        device.setPriority(3);
+        device.setMeasureInfo({{"period", 500}, {"archive", true}});
+        const QVariantMap parameters{{"address", address},
+                                     {"deviceID", hx("00ff80")},
+                                     {"vendorID", hx("0026")},
+                                     {"expanded_device_type", hx("e091")},
+                                     {"device_specific_status", specific},
+                                     {"PV", std::numeric_limits<float>::quiet_NaN()},
+                                     {"SV", std::numeric_limits<double>::infinity()},
+                                     {"TV", -std::numeric_limits<float>::infinity()},
+                                     {"QV", 1.5f},
+                                     {"tag", "TT-101"},
+                                     {"descriptor", "0x41h looks like a byte"},
+                                     {"date", QDate(2026, 5, 20)}};
+        for (auto it = parameters.constBegin(); it != parameters.constEnd(); ++it)
+            device.setDeviceInfo(it.key(), it.value());
+        device.getDeviceInfo("never_read"); // made empty by reading it
 
-    m_line.sim.setParam(0, "error_code", 5);
-    m_line.sim.setParam(0, "ADC_flags", 0x81);
-    m_line.sim.setParam(0, "EEPROM_flags", 0x03);
-    m_line.sim.setParam(0, "extended_status", 0x01);
-    m_line.sim.setParam(0, "standard_status_0", 0x16);
-    QVERIFY(device->readDevice(1));
-    QCOMPARE(device->cmd48Data().left(9), hx("058103000000010016"));
-    // Command 1 tells of more status; 48 reads it, and 48 with the bytes read
-    // acknowledges it.
-    QCOMPARE(m_line.served(device, 5), QList<int>({0, 1, 1, 48, 48, 16}));
-    const QList<hartsim::RequestRecord> log = m_line.sim.line().requests();
-    QCOMPARE(log.at(3).data, QByteArray());
-    QCOMPARE(log.at(4).data, device->cmd48Data());
-    const QString text = "\n--- Device ADC error code: 5"
-                         "\n--- The ADC is overloaded. Flags: 0x81"
-                         "\n--- Error of writing configuration to EEPROM."
-                         "\n--- Device configuration is restored (from the secondary page)."
-                         "\n--- Device requires maintenance."
-                         "\n--- Non-Volatile Memory Defect."
-                         "\n--- Volatile Memory Defect."
-                         "\n--- Voltage Conditions Out of Range.";
-    QCOMPARE(device->additionalStatusText(), text);
-    QVERIFY(device->messageLog().contains(QStringLiteral("Additional status info:") + text));
-    // Acknowledged, and command 48 is no change of configuration.
-    QCOMPARE(device->deviceInfo().value("modify_count").toInt(), 0);
-    QVERIFY(device->readDevice(1));
-    QCOMPARE(int(device->statusBytes().at(1)) & 0x10, 0);
-    QCOMPARE(m_line.served(device, 7), QList<int>({0, 1, 1, 48, 48, 16, 1, 16}));
-}
+        QByteArray text;
+        const QVariantMap map = m_dir.throughConfigFile(QStringLiteral("device"), device.save(), &text).toMap();
+        // The bytes stand in the file as text of "0xHHh" groups.
+        QVERIFY2(text.contains("\"0xA0h 0xFFh 0x00h 0x7Fh 0x80h\""), text.constData());
+        QVERIFY2(text.contains("\"0x05h 0x00h 0xFFh 0x00h 0x80h 0x00h\""), text.constData());
+        QCOMPARE(map.value("enabled").toBool(), false);
+        QCOMPARE(map.value("priority").toInt(), 3);
 
-void TestDevice::additionalStatusRequests_data()
-{
-    QTest::addColumn<QString>("model");
-    QTest::addColumn<QVariantMap>("settings");
-    QTest::addColumn<bool>("always");
-    QTest::addColumn<QList<int>>("served"); // after command 0, for reads of 3 and 1
-    QTest::addColumn<QString>("text");
+        Device loaded;
+        QVERIFY(loaded.load(map));
+        // The bytes are bytes again, and the identity is taken from them.
+        QCOMPARE(loaded.deviceInfo().value("address").typeId(), int(QMetaType::QByteArray));
+        QCOMPARE(loaded.deviceInfo().value("device_specific_status").toByteArray(), specific);
+        QCOMPARE(loaded.deviceInfo().value("date").toDate(), QDate(2026, 5, 20));
+        QCOMPARE(loaded.deviceInfo().value("PV"), QVariant(0.0));
+        QCOMPARE(loaded.hartAddress(), address);
+        QCOMPARE(loaded.hartDeviceID(), hx("00ff80"));
+        QCOMPARE(loaded.vendorID(), hx("0026"));
+        QCOMPARE(loaded.expandedDeviceType(), hx("e091"));
+        // The loaded device writes what it read, NaN and the infinities as 0.0,
+        // but a plain load leaves "enabled" and "priority" at their defaults.
+        QVariantMap expected = device.save();
+        QCOMPARE(expected.value("parameters").toMap().value("SV"), QVariant(0.0));
+        expected.insert("name", "TCV-C_{TT-101}");
+        expected.insert("enabled", true);
+        expected.insert("priority", 10);
+        QCOMPARE(loaded.save(), expected);
 
-    QTest::newRow("only when the device tells") << "generic" << QVariantMap() << false << QList<int>{3, 1} << QString();
-    QTest::newRow("always: after command 3 only")
-        << "generic" << QVariantMap() << true << QList<int>{3, 48, 1} << QString();
-    // The read of 48 clears the flag of an old device: no acknowledgement.
-    QTest::newRow("HART 5: the read acknowledges")
-        << "hart5" << QVariantMap{{"extended_status", 2}} << false << QList<int>{3, 48, 1}
-        << "\n--- Device variable is in an Alarm state.";
-}
+        // Those two only the settings take, and the settings take nothing else.
+        Device settings;
+        QVariantMap taken{{"name", "Boiler"},     {"enabled", false}, {"priority", 4},      {"polling_period", 700},
+                          {"polling_address", 9}, {"comment", "hot"}, {"template", "Other"}};
+        taken.insert("producer", "ACME");
+        taken.insert("parameters", QVariantMap{{"x", 1}});
+        settings.loadDeviceSettings(taken);
+        QCOMPARE(settings.producer(), QStringLiteral("ACME"));
+        taken.remove("producer");
+        taken.insert("template", QString());
+        taken.insert("parameters", QVariantMap());
+        QCOMPARE(settings.save(), taken);
+    }
 
-void TestDevice::additionalStatusRequests()
-{
-    QFETCH(QString, model);
-    QFETCH(QVariantMap, settings);
-    QFETCH(bool, always);
-    QFETCH(QList<int>, served);
-    QFETCH(QString, text);
+    void malformedConfiguration_data()
+    {
+        QTest::addColumn<QVariantMap>("map");
+        QTest::addColumn<bool>("result");
+        QTest::addColumn<QVariantMap>("expected");
 
-    Device* device = identifiedOnLine(model, settings);
-    QVERIFY(device);
-    device->setAlwaysAdditionalStatus(always);
-    QVERIFY(device->readDevice(3));
-    QVERIFY(device->readDevice(1));
-    QCOMPARE(m_line.served(device, int(served.size()) + 1), QList<int>{0} + served + QList<int>{16});
-    QCOMPARE(device->additionalStatusText(), text);
-}
+        const QVariant null = QVariant::fromValue(nullptr);
+        const QVariantMap tagged{{"param:tag", "T2"}};
+        auto row = [](const char* name, const QVariantMap& map, bool result, const QVariantMap& expected) {
+            QTest::newRow(name) << map << result << expected;
+        };
+        row("empty object", {}, true, {{"address", 4}, {"comment", "old"}, {"template", "Old"}, {"param:tag", "T1"}});
+        row("parameters as text", {{"parameters", "abc"}, {"comment", "new"}}, false,
+            {{"comment", "new"}, {"param:tag", "T1"}});
+        row("polling address as text", {{"polling_address", "abc"}, {"comment", "new"}}, false,
+            {{"address", 4}, {"comment", "new"}});
+        row("template as list", {{"template", QVariantList{1}}, {"comment", "new"}}, false,
+            {{"template", "Old"}, {"comment", "new"}});
+        row("measure info as number", {{"measure_info", 5}}, false, {{"measure", QVariantMap{{"a", 1}}}});
+        row("comment null", {{"comment", null}}, false, {{"comment", "old"}});
+        row("device id as number", {{"parameters", QVariantMap{{"deviceID", 5}, {"tag", "T2"}}}}, false,
+            {{"hartDeviceID", QByteArray()}, {"param:tag", "T2"}});
+        row("address not in byte text", {{"parameters", QVariantMap{{"address", "11 2a 00 2a 01"}, {"tag", "T2"}}}},
+            false, {{"hartAddress", QByteArray()}, {"param:tag", "T2"}});
+        row("address in byte text, lower case",
+            {{"parameters", QVariantMap{{"address", "0x11h 0x2ah 0x00h 0x2ah 0x01h"}}}}, true,
+            {{"hartAddress", hx("112a002a01")}});
+        row("null parameter", {{"parameters", QVariantMap{{"PV", null}}}}, true, {{"param:PV", QVariant()}});
+    }
+
+    void malformedConfiguration()
+    {
+        QFETCH(QVariantMap, map);
+        QFETCH(QVariantMap, expected);
+
+        Device device;
+        device.setAddress(4);
+        device.setComment(QStringLiteral("old"));
+        device.setDeviceTemplateName(QStringLiteral("Old"));
+        device.setDeviceInfo("tag", QStringLiteral("T1"));
+        device.setMeasureInfo({{"a", 1}});
+
+        QTEST(device.load(map), "result");
+        const QVariantMap probes{{"address", device.address()},
+                                 {"comment", device.comment()},
+                                 {"template", device.deviceTemplateName()},
+                                 {"measure", device.measureInfo()},
+                                 {"hartAddress", device.hartAddress()},
+                                 {"hartDeviceID", device.hartDeviceID()}};
+        for (auto it = expected.constBegin(); it != expected.constEnd(); ++it) {
+            const QVariant actual =
+                it.key().startsWith("param:") ? device.deviceInfo().value(it.key().mid(6)) : probes.value(it.key());
+            QVERIFY2(actual == it.value(), qPrintable(QStringLiteral("%1: %2").arg(it.key(), actual.toString())));
+        }
+    }
+
+    void tagStateAndCheckOff()
+    {
+        Device device;
+        QCOMPARE(device.deviceTagsStateToShortString(), QString());
+        QCOMPARE(device.deviceTagsStateToLongString(), QStringLiteral("from file"));
+        device.setDeviceTagState(64);
+        QCOMPARE(device.deviceTagsStateToShortString(), QStringLiteral("[!]"));
+        QCOMPARE(device.deviceTagsStateToLongString(), QStringLiteral("from file"));
+        device.setDeviceTagState(1 | 2 | 4 | 8 | 16 | 64);
+        QCOMPARE(device.deviceTagsStateToShortString(), QStringLiteral("[>*<@!]"));
+        QCOMPARE(device.deviceTagsStateToLongString(), QStringLiteral("form device / changed / saved in device / "
+                                                                      "periodically requested"));
+
+        // A device checked off forgets its identity and its state, not its tag.
+        device.load({{"parameters", QVariantMap{{"address", "0x11h 0x2Ah 0x00h 0x2Ah 0x01h"},
+                                                {"deviceID", "0x00h 0x2Ah 0x01h"},
+                                                {"tag", "PT-1"}}}});
+        QVERIFY(device.isIdentified());
+        device.setDeviceTagState(4 | 8);
+        device.updateState(5);
+        device.checkOffDevice();
+        QVERIFY(!device.isIdentified());
+        QCOMPARE(device.hartAddress(), QByteArray());
+        QCOMPARE(device.deviceInfo().value("address").toByteArray(), QByteArray());
+        QCOMPARE(device.deviceInfo().value("deviceID").toByteArray(), QByteArray());
+        QCOMPARE(device.deviceInfo().value("tag").toString(), QStringLiteral("PT-1"));
+        QCOMPARE(device.deviceTagState(), 1);
+        QCOMPARE(device.state(), 1);
+        QCOMPARE(device.errorCode(), 1);
+    }
+
+    void codeTexts()
+    {
+        // "code:text" rows: the odd spellings, the class-dependent range 170
+        // to 219, the edges of ranges and codes not listed.
+        const auto check = [](const QString& rows, const std::function<QString(int)>& text) {
+            for (const QString& row : rows.split(QLatin1Char(';')))
+                QCOMPARE(text(row.section(QLatin1Char(':'), 0, 0).toInt()), row.section(QLatin1Char(':'), 1));
+        };
+        check("1:inchWS;10:kgf/sm2;37:Om;163:kOm;237:MPa;3:?;170:?",
+              [](int u) { return Device::getUnitCodeText(u, 0); });
+        check("12:kPa;170:mg/l", [](int u) { return Device::getUnitCodeText(u, 73); });
+        check("170:MOm;171:?", [](int u) { return Device::getUnitCodeText(u, 85); });
+        check("170:FNU;171:FTU;172:NTU;173:?", [](int u) { return Device::getUnitCodeText(u, 97); });
+        QCOMPARE(Device::getUnitCodeText(32, 0), QString::fromLatin1("\xB0"
+                                                                     "C"));
+        check("0:Not Classified;77:Energy (Work);96:?;97:Turbidity;250:Not used", &Device::getClassificationText);
+        check("3:Reserved;4:Temperature;6:Valve / "
+              "Actuator;15:?;132:Reserved;249:Reserved;250:Not Used;251:?",
+              &Device::getFamilyText);
+        check("64:Poor Accuracy | Not Limited;144:Manual/Fixed | Low "
+              "Limited;224:Good | High Limited;63:Bad | Constant",
+              &Device::getDeviceVariableStatusText);
+        check("0:High;2:?;239:Hold Last Output Value;240:Manufacturer "
+              "Specific;249:Manufacturer Specific;"
+              "250:Not Used;254:?",
+              &Device::getPVAlarmSelectionText);
+        // Templates by identity: our maker's types, an unknown type of ours, any
+        // other maker.
+        for (const QString& row : QStringLiteral("224:145:TCV-C;224:146:DX-C;224:147:QP-1C;224:148:pH-7702;"
+                                                 "224:149:Unknown;224:0:Unknown;17:42:General;17:145:General;0:148:"
+                                                 "General")
+                                      .split(';'))
+            QCOMPARE(Device::templateNameByCodes(row.section(':', 0, 0).toInt(), row.section(':', 1, 1).toInt()),
+                     row.section(':', 2));
+
+        // The variables' units are looked up with their classes, calibration
+        // with class 0.
+        Device device;
+        const QVariantMap codes{{"PV_unit_code", 170},       {"PV_class_code", 97}, {"SV_unit_code", 171},
+                                {"SV_class_code", 97},       {"TV_unit_code", 170}, {"TV_class_code", 73},
+                                {"QV_unit_code", 170},       {"QV_class_code", 85}, {"calibrate_unit_code", 170},
+                                {"calibrate_class_code", 73}};
+        for (auto it = codes.constBegin(); it != codes.constEnd(); ++it)
+            device.setDeviceInfo(it.key(), it.value());
+        QCOMPARE(device.getPVUnitCodeText(), QStringLiteral("FNU"));
+        QCOMPARE(device.getSVUnitCodeText(), QStringLiteral("FTU"));
+        QCOMPARE(device.getTVUnitCodeText(), QStringLiteral("mg/l"));
+        QCOMPARE(device.getQVUnitCodeText(), QStringLiteral("MOm"));
+        QCOMPARE(device.getCalibrateUnitCodeText(), QStringLiteral("?"));
+    }
+
+    void snapshots()
+    {
+        Device device;
+        // The tag and the state a snapshot holds, as one text.
+        const auto now = [&] { return device.getDeviceInfoString("tag") + QString::number(device.deviceTagState()); };
+        const auto set = [&](const char* tag, int state) {
+            device.setDeviceInfo("tag", QLatin1String(tag));
+            device.setDeviceTagState(state);
+        };
+        set("FIRST", 1 | 4);
+        QVERIFY(!device.hasBackup());
+        device.backupTags();
+        QVERIFY(device.hasBackup());
+        QVERIFY(!device.hasRollback());
+        set("EDITED", 1 | 2);
+        device.setComment(QStringLiteral("edited"));
+
+        // Restore and rollback undo each other.
+        device.restoreTags();
+        QVERIFY(device.hasRollback());
+        QCOMPARE(now(), QStringLiteral("FIRST5"));
+        QCOMPARE(device.comment(), QString());
+        device.rollbackTags();
+        QCOMPARE(now(), QStringLiteral("EDITED3"));
+        QCOMPARE(device.comment(), QStringLiteral("edited"));
+        device.restoreTags();
+        QCOMPARE(now(), QStringLiteral("FIRST5"));
+        // A new backup forgets the rollback.
+        device.backupTags();
+        QVERIFY(!device.hasRollback());
+
+        // What the device and the file held; what stood before goes to the backup.
+        set("FROM-DEV", 4);
+        device.backupTagsInDeviceData();
+        set("FROM-FILE", 1);
+        device.backupTagsInFileData();
+        QVERIFY(device.hasDeviceData() && device.hasFileData());
+        set("EDITED", 2);
+        device.restoreTagsFromDeviceData();
+        QCOMPARE(now(), QStringLiteral("FROM-DEV4"));
+        device.restoreTags();
+        QCOMPARE(now(), QStringLiteral("EDITED2"));
+        device.restoreTagsFromFileData();
+        QCOMPARE(now(), QStringLiteral("FROM-FILE1"));
+        device.clearFileData();
+        QVERIFY(!device.hasFileData());
+
+        // A paste is marked changed and undone from the backup it made; what is
+        // no device is refused and not marked.
+        QSignalSpy modified(&device, &ServerItem::modified);
+        Device source;
+        source.setDeviceInfo("tag", QStringLiteral("COPIED"));
+        QVERIFY(device.pasteFromClipboard(source.save()));
+        QCOMPARE(now(), QStringLiteral("COPIED3"));
+        QCOMPARE(modified.size(), 1);
+        device.restoreTags();
+        QCOMPARE(now(), QStringLiteral("FROM-FILE1"));
+        QVERIFY(!device.pasteFromClipboard({{"parameters", "not a map"}}));
+        QCOMPARE(modified.size(), 1);
+        QCOMPARE(now(), QStringLiteral("FROM-FILE1"));
+
+        // The backup of the map gives back only missing keys, and only to the
+        // device at the same address.
+        device.setDeviceInfo("address", hx("112a002a01"));
+        device.setDeviceInfo("range_max", 100.0);
+        device.backupDeviceInfo();
+        device.removeDeviceInfo("tag");
+        device.setDeviceInfo("range_max", 50.0);
+        device.checkAndRestoreDeviceInfo();
+        QCOMPARE(device.getDeviceInfoString("tag"), QStringLiteral("FROM-FILE"));
+        QCOMPARE(device.deviceInfo().value("range_max").toDouble(), 50.0);
+        device.removeDeviceInfo("tag");
+        device.setDeviceInfo("address", hx("112a002a02"));
+        device.checkAndRestoreDeviceInfo();
+        QVERIFY(!device.hasDeviceInfoParam("tag"));
+    }
+
+    void additionalStatusTexts_data()
+    {
+        QTest::addColumn<QString>("templateName");
+        QTest::addColumn<QByteArray>("status48");
+        QTest::addColumn<QString>("text");
+
+        auto row = [](const char* name, const char* templ, const char* status, const char* text) {
+            QTest::newRow(name) << QString(templ) << hx(status) << QString(text);
+        };
+        row("nothing", "Custom", "000000000000000000", "");
+        row("EEPROM bits, 0x04 without a text", "Custom", "000037000000000000",
+            "\n--- Error of writing configuration to EEPROM."
+            "\n--- Device configuration is restored (from the secondary page)."
+            "\n--- Error of writing the device HART_UID to the EEPROM"
+            "\n--- Factory device number is restored (from the sub-page).");
+        row("extended and standardized status", "Custom", "000000000000030016",
+            "\n--- Device requires maintenance.\n--- Device variable is in an "
+            "Alarm state."
+            "\n--- Non-Volatile Memory Defect.\n--- Volatile Memory Defect.\n--- "
+            "Voltage Conditions Out of Range.");
+        row("vendor fields in order", "Custom", "0A0201000000010002",
+            "\n--- Device ADC error code: 10\n--- The ADC is overloaded. Flags: "
+            "0x02"
+            "\n--- Error of writing configuration to EEPROM.\n--- Device requires "
+            "maintenance."
+            "\n--- Non-Volatile Memory Defect.");
+        row("General shows the raw bytes", "General", "0A0201000000010002",
+            "\n--- Device specific status: 0A 02 01 00 00 00\n--- Device requires "
+            "maintenance."
+            "\n--- Non-Volatile Memory Defect.");
+        row("General with zero bytes", "General", "000000000000020000", "\n--- Device variable is in an Alarm state.");
+        row("a name containing General", "General HART 7", "000000000005000000",
+            "\n--- Device specific status: 00 00 00 00 00 05");
+        // A short answer: what is missing counts as 0.
+        row("one byte", "Custom", "07", "\n--- Device ADC error code: 7");
+    }
+
+    void additionalStatusTexts()
+    {
+        QFETCH(QString, templateName);
+        QFETCH(QByteArray, status48);
+        QFETCH(QString, text);
+
+        Device device;
+        device.setDeviceTemplateName(templateName);
+        device.setDeviceInfo("extended_status", 0xFF);
+        device.setDeviceInfo("standart_status_0", 0xFF);
+        device.saveCmd48Responce(status48);
+        // The fields of the answer are kept under their keys.
+        QCOMPARE(device.cmd48Data(), status48);
+        const auto byte = [&](int i) { return QVariant(i < status48.size() ? int(quint8(status48.at(i))) : 0); };
+        const QVariantMap& info = device.deviceInfo();
+        QCOMPARE(info.value("error_code"), byte(0));
+        QCOMPARE(info.value("ADC_flags"), byte(1));
+        QCOMPARE(info.value("EEPROM_flags"), byte(2));
+        QCOMPARE(info.value("device_specific_status").toByteArray(), status48.left(6));
+        QCOMPARE(info.value("extended_status"), byte(6));
+        QCOMPARE(info.value("standart_status_0"), byte(8));
+
+        QSignalSpy status(&device, &Device::deviceStatus);
+        // Without a request and without the flag: the texts of what is held.
+        QVERIFY(device.checkAdditionalStatus(false, false));
+        QCOMPARE(device.additionalStatusText(), text);
+        const QString line = QStringLiteral("Additional status info:") + text;
+        QCOMPARE(status.size(), text.isEmpty() ? 0 : 1);
+        QCOMPARE(device.messageLog(), text.isEmpty() ? QList<QString>() : QList<QString>{line});
+        if (!text.isEmpty())
+            QCOMPARE(status.first().at(0).toString(), line);
+    }
+
+    // -----------------------------------------------------------------------
+    // Exchanges with the simulator
+
+    void identify_data()
+    {
+        QTest::addColumn<int>("command");
+        QTest::addColumn<int>("pollingAddress"); // of the device looked for; another one stands at 0
+        QTest::addColumn<QVariantMap>("settings");
+        QTest::addColumn<QVariantMap>("info"); // what the program looks for
+        QTest::addColumn<QByteArray>("hartAddress");
+        QTest::addColumn<QByteArray>("frameAddress"); // of the first request
+        QTest::addColumn<QByteArray>("request");
+        QTest::addColumn<QString>("tryLine"); // %1: the port
+        QTest::addColumn<QString>("checkedLine");
+
+        QTest::newRow("0, polling address")
+            << 0 << 0 << QVariantMap{{"device_id", 0x123456}, {"tag", "PT-1"}} << QVariantMap() << hx("112a123456")
+            << hx("80") << QByteArray() << QStringLiteral("Try to check Custom_{0} at address 0 via %1 ...")
+            << QStringLiteral("Checked successfully - Custom_{0} (11 2A 12 34 56 "
+                              "12 34 56 exts:00)!");
+        QTest::newRow("11, tag") << 11 << 1 << QVariantMap{{"device_id", 0x000777}, {"tag", "TT-101"}}
+                                 << QVariantMap{{"tag", "TT-101"}} << hx("112a000777") << hx("8000000000")
+                                 << hx("514b71c31820")
+                                 << QStringLiteral("Try to check Custom_{0} by tag 'TT-101' via %1 ...")
+                                 << QStringLiteral("Checked successfully - Custom_{0} (11 2A 00 07 77 "
+                                                   "00 07 77 exts:00)!");
+        QTest::newRow("21, long tag") << 21 << 1 << QVariantMap{{"device_id", 0x000888}, {"long_tag", "Pump two"}}
+                                      << QVariantMap{{"long_tag", "Pump two"}} << hx("112a000888") << hx("8000000000")
+                                      << QByteArray("Pump two") + QByteArray(24, '\0')
+                                      << QStringLiteral("Try to check Custom_{0} by long tag 'Pump two' via %1 ...")
+                                      << QStringLiteral("Checked successfully - Custom_{0} (11 2A 00 08 88 "
+                                                        "00 08 88 exts:00)!");
+        QTest::newRow("73, button pressed") << 73 << 4 << QVariantMap{{"device_id", 0x000999}, {"button_pressed", true}}
+                                            << QVariantMap() << hx("112a000999") << hx("8000000000") << QByteArray()
+                                            << QStringLiteral("Try to check Custom_{0} via %1 ...")
+                                            << QStringLiteral("Checked successfully - 11 2A 00 09 99!");
+    }
+
+    void identify()
+    {
+        QFETCH(int, command);
+        QFETCH(int, pollingAddress);
+        QFETCH(QVariantMap, settings);
+        QFETCH(QVariantMap, info);
+        QFETCH(QByteArray, hartAddress);
+        QFETCH(QString, tryLine);
+        QFETCH(QString, checkedLine);
+
+        settings.insert("polling_address", pollingAddress);
+        QList<SimulatedLine::Device> line{{"generic", settings}};
+        if (pollingAddress != 0)
+            line.prepend({"generic", {{"polling_address", 0}, {"tag", "PT-1"}, {"long_tag", "Pump one"}}});
+        QVERIFY(m_line.start(line));
+        Device* device = m_line.addDevice(0);
+        for (auto it = info.constBegin(); it != info.constEnd(); ++it)
+            device->setDeviceInfo(it.key(), it.value());
+        QSignalSpy errors(device, &Device::deviceError);
+        QVERIFY(command == 11 || command == 21 ? device->writeDevice(command) : device->readDevice(command));
+        QCOMPARE(device->hartAddress(), hartAddress);
+        QCOMPARE(device->hartDeviceID(), hartAddress.mid(2));
+        QCOMPARE(device->deviceInfo().value("deviceID").toByteArray(), hartAddress.mid(2));
+        QCOMPARE(device->vendorID(), hx("0011"));
+        QCOMPARE(device->expandedDeviceType(), hx("112a"));
+        QCOMPARE(device->deviceInfo().value("universal_cmd_version").toInt(), 7);
+        QCOMPARE(device->state(), 2);
+        QCOMPARE(errors.size(), 0);
+        QCOMPARE(device->serialSettings().name, m_line.sim.path());
+        QCOMPARE(linesStartingWith(*device, QStringLiteral("Try to check")),
+                 QStringList({tryLine.arg(m_line.port->configName())}));
+        QCOMPARE(linesStartingWith(*device, QStringLiteral("Checked")), QStringList({checkedLine}));
+        const hartsim::RequestRecord record = m_line.sim.record(1);
+        QCOMPARE(int(record.command), command);
+        QTEST(record.address, "frameAddress");
+        QTEST(record.data, "request");
+
+        // Later frames go to the long address, with the master's bit.
+        QVERIFY(device->readDevice(1));
+        QCOMPARE(m_line.sim.record(2).address, char(0x80 | hartAddress.at(0)) + hartAddress.mid(1));
+    }
+
+    void identifyFails()
+    {
+        // Nobody at the address.
+        QVERIFY(m_line.start({{"generic", {{"polling_address", 0}}}}));
+        Device* device = m_line.addDevice(9);
+        QSignalSpy errors(device, &Device::deviceError);
+        QVERIFY(!device->readDevice(0));
+        QVERIFY(!device->isIdentified());
+        QCOMPARE(device->state(), 3);
+        QCOMPARE(device->errorCode(), 4);
+        QCOMPARE(linesStartingWith(*device, QStringLiteral("Get device ID by cmd 0 error:")).size(), 1);
+        QCOMPARE(errors.size(), 1);
+        const QString signalText = errors.first().at(0).toString();
+        QVERIFY2(signalText.startsWith(QStringLiteral("error 4 executing cmd=0 - ")), qPrintable(signalText));
+        QVERIFY(!signalText.contains(QLatin1Char('\n')));
+
+        // A tag the line cannot carry: nothing goes out, so no traces and no
+        // status of the earlier exchange.
+        m_line.sim.line().clearLog();
+        device = m_line.addDevice(0);
+        QVERIFY(device->readDevice(0));
+        QVERIFY(m_line.sim.line().waitForRequests(1, 3000));
+        m_line.sim.line().clearLog();
+        device->setDeviceInfo("tag", QStringLiteral("pt-1"));
+        QSignalSpy tagErrors(device, &Device::deviceError);
+        const int before = int(device->messageLog().size());
+        QVERIFY(!device->writeDevice(11));
+        QCOMPARE(device->errorText(), QStringLiteral("Invalid chars in device tag!"));
+        QCOMPARE(device->state(), 3);
+        QVERIFY(device->errorCode() != 1);
+        QCOMPARE(tagErrors.size(), 1);
+        QCOMPARE(device->messageLog().mid(before),
+                 QList<QString>({QStringLiteral("Try to check %1 by tag 'pt-1' via %2 ...")
+                                     .arg(device->name(), m_line.port->configName()),
+                                 QStringLiteral("Get device ID by cmd 11 error: Invalid chars "
+                                                "in device tag!")}));
+        QCOMPARE(device->statusBytes(), QByteArray());
+        QCOMPARE(m_line.served(device, 0), QList<int>({16}));
+    }
+
+    void readLogStatusAndSemaphore()
+    {
+        Device* device = identifiedOnLine(); // takes the cold start
+        QVERIFY(device);
+        QCOMPARE(linesStartingWith(*device, QStringLiteral("Device status:")),
+                 QStringList({QStringLiteral("Device status: [00 20]")}));
+        QSignalSpy status(device, &Device::deviceStatus);
+        int before = int(device->messageLog().size());
+        QByteArray response;
+        QCOMPARE(device->read(QStringLiteral("PV"), 1, response), 1);
+        QCOMPARE(response.size(), 5);
+        QList<QString> lines = device->messageLog().mid(before);
+        QCOMPARE(lines.size(), 4);
+        QCOMPARE(lines.at(0), QStringLiteral("reading PV (cmd=1)...\n"));
+        QVERIFY2(lines.at(1).contains(QLatin1String(" TX (")), qPrintable(lines.at(1)));
+        QVERIFY2(lines.at(2).contains(QLatin1String(" RX (")), qPrintable(lines.at(2)));
+        QCOMPARE(lines.at(3), QStringLiteral("Success (processing time: %1ms)").arg(device->processingTime()));
+        QCOMPARE(device->state(), 2);
+        QCOMPARE(device->deviceTagState() & (Device::TagStateRead | Device::TagStateWritten),
+                 int(Device::TagStateRead));
+        QCOMPARE(status.size(), 1);
+        QCOMPARE(status.first(), (QList<QVariant>{QString(), hx("0000")}));
+
+        // A write raises the configuration-changed flag: every answer now tells it.
+        device->setDeviceInfo("damping_time", 2.0f);
+        QVERIFY(device->writeDevice(34));
+        status.clear();
+        before = int(device->messageLog().size());
+        QVERIFY(device->readDevice(1));
+        lines = device->messageLog().mid(before);
+        QCOMPARE(lines.size(), 6);
+        QCOMPARE(lines.at(3), QStringLiteral("Device status: [00 40]"));
+        QCOMPARE(lines.at(4), QStringLiteral("*** Configuration changed"));
+        QCOMPARE(status.size(), 1);
+        QCOMPARE(status.first(), (QList<QVariant>{QStringLiteral("*** Configuration changed"), hx("0040")}));
+
+        QSemaphore& semaphore = m_line.port->semaphore();
+        QCOMPARE(semaphore.available(), 1);
+
+        // Every line of the exchange is logged while the permit is held, and a
+        // failed exchange gives the permit back too.
+        QList<int> permits;
+        connect(
+            device, &Device::modbusMessage, this, [&](int, const QString&) { permits << semaphore.available(); },
+            Qt::DirectConnection);
+        QCOMPARE(device->read(QStringLiteral("PV"), 1, response), 1);
+        QCOMPARE(semaphore.available(), 1);
+        QVERIFY(permits.size() >= 3);
+        m_line.sim.addFault(0, fault(Fault::NoAnswer, -1));
+        QVERIFY(device->read(QStringLiteral("PV"), 1, response) != 1);
+        QCOMPARE(semaphore.available(), 1);
+        QVERIFY(permits.size() >= 5);
+        QCOMPARE(permits, QList<int>(permits.size(), 0));
+        device->disconnect(this);
+    }
+
+    void writeLogLines_data()
+    {
+        QTest::addColumn<int>("command");
+        QTest::addColumn<QVariantMap>("request");
+        QTest::addColumn<int>("code");      // the response code; the device is made to
+                                            // give it unless it is 2
+        QTest::addColumn<QString>("label"); // as the first line has it; then as the failure has it
+        QTest::addColumn<QString>("failureLabel");
+        QTest::addColumn<QString>("reason");
+
+        auto row = [](const char* name, int command, const QVariantMap& request, int code, const char* label,
+                      const char* failureLabel, const char* reason) {
+            QTest::newRow(name) << command << request << code << QString(label) << QString(failureLabel)
+                                << QString(reason);
+        };
+        row("writing, write protected", 34, {{"damping_time", 4.0f}}, 7, "writing damping value",
+            "writing damping value", "write protection mode set");
+        row("reset: executing", 42, {}, 6, "reset device", "executing reset device", "command not executed");
+        row("start: executing", 41, {}, 32, "start device self test", "executing start device self test",
+            "device is busy");
+        row("get: no word", 33, {{"slot_0_code", 9}}, 2, "get device variables", "get device variables",
+            "wrong choice");
+    }
+
+    void writeLogLines()
+    {
+        QFETCH(int, command);
+        QFETCH(QVariantMap, request);
+        QFETCH(int, code);
+        QFETCH(QString, label);
+        QFETCH(QString, failureLabel);
+        QFETCH(QString, reason);
+
+        Device* device = identifiedOnLine();
+        QVERIFY(device);
+        for (auto it = request.constBegin(); it != request.constEnd(); ++it)
+            device->setDeviceInfo(it.key(), it.value());
+        if (code != 2)
+            m_line.sim.addFault(0, fault(Fault::ResponseCode, command, code));
+        QSignalSpy errors(device, &Device::deviceError);
+        const int before = int(device->messageLog().size());
+        QVERIFY(!device->writeDevice(command));
+        const QList<QString> lines = device->messageLog().mid(before);
+        QVERIFY(!lines.isEmpty());
+        QCOMPARE(lines.first(), QStringLiteral("%1 (cmd=%2)...\n").arg(label).arg(command));
+        const QString error = QStringLiteral("Command error (error code %1): *** %2").arg(code).arg(reason);
+        QCOMPARE(lines.last(), QStringLiteral("error -3 %1 - %2\nError (processing time: %3ms)")
+                                   .arg(failureLabel, error)
+                                   .arg(device->processingTime()));
+        // The response code stands in the status, and so in the log.
+        QCOMPARE(device->statusBytes().size(), 2);
+        QCOMPARE(int(quint8(device->statusBytes().at(0))), code);
+        const QString hexCode = QString::number(code, 16).rightJustified(2, QLatin1Char('0')).toUpper();
+        QCOMPARE(linesStartingWith(*device, QStringLiteral("Device status: [%1 ").arg(hexCode)).size(), 1);
+        QCOMPARE(errors.size(), 1);
+        QCOMPARE(errors.first().at(0).toString(),
+                 QStringLiteral("error executing cmd=%1 - %2").arg(command).arg(error));
+        QCOMPARE(device->errorCode(), -3);
+        QCOMPARE(device->state(), 3);
+        QVERIFY(!(device->deviceTagState() & Device::TagStateWritten));
+        QCOMPARE(device->getDeviceInfoByte("modify_count"), 0);
+    }
+
+    void failedRead_data()
+    {
+        QTest::addColumn<QString>("cause");
+        QTest::addColumn<bool>("closeOnError");
+        QTest::addColumn<int>("code");
+        QTest::newRow("no answer, port closed") << "no answer" << true << 4;
+        QTest::newRow("no answer, port kept open") << "no answer" << false << 4;
+        QTest::newRow("no such file") << "no such file" << true << 3;
+        QTest::newRow("a file that is no serial port") << "no tty" << false << 4;
+    }
+
+    void failedRead()
+    {
+        QFETCH(QString, cause);
+        QFETCH(bool, closeOnError);
+        QFETCH(int, code);
+
+        Device* device = identifiedOnLine();
+        QVERIFY(device);
+        device->setClosePortOnError(closeOnError);
+        QVERIFY(device->readDevice(1));
+        Port* port = m_line.port;
+        QVERIFY(port->isOpened()); // a good exchange never closes it
+        const bool noAnswer = cause == "no answer";
+        const QString path = m_dir.filePath("no-modem");
+        if (noAnswer) {
+            m_line.sim.addFault(0, fault(Fault::NoAnswer, 1));
+        } else {
+            port->closeHart();
+            if (cause == "no tty")
+                QVERIFY(!m_dir.writeFile("no-modem", "not a tty").isEmpty());
+            QVERIFY(port->setSerialName(path));
+        }
+        device->setDeviceTagState(1 | 4);
+        QSignalSpy errors(device, &Device::deviceError);
+        const QVariant pvBefore = device->deviceInfo().value("PV");
+        const int requests = m_line.sim.line().requestCount();
+        QVERIFY(!device->readDevice(1));
+        QCOMPARE(device->errorCode(), code);
+        QCOMPARE(device->state(), 3);
+        const QString portText = port->errorText();
+        QVERIFY(!portText.isEmpty());
+        QCOMPARE(device->errorText(), portText);
+        QCOMPARE(device->deviceInfo().value("PV"), pvBefore);
+        QCOMPARE(device->statusBytes(), QByteArray());
+        QCOMPARE(device->messageLog().last(),
+                 QStringLiteral("error %1 reading 'PV' - %2\nError (processing time: %3ms)")
+                     .arg(code)
+                     .arg(portText)
+                     .arg(device->processingTime()));
+        // A line end of the port's text is replaced in the signal.
+        QCOMPARE(portText.contains('\n'), cause == "no tty");
+        QCOMPARE(errors.size(), 1);
+        QCOMPARE(
+            errors.first().at(0).toString(),
+            QStringLiteral("error %1 executing cmd=1 - %2").arg(code).arg(QString(portText).replace('\n', "d - ")));
+        QCOMPARE(port->isOpened(), noAnswer && !closeOnError);
+        // Without an answer the identity stays: the line is there. A port that
+        // does not open loses it, and tells why.
+        QCOMPARE(device->isIdentified(), noAnswer);
+        QCOMPARE(device->deviceTagState(), noAnswer ? 1 | 4 : 1);
+        QCOMPARE(linesStartingWith(*device, "error open port"),
+                 noAnswer ? QStringList()
+                          : QStringList{QStringLiteral("error open port '%1' - %2").arg(path, portText)});
+        if (!noAnswer) {
+            QCOMPARE(m_line.sim.line().requestCount(), requests);
+            QCOMPARE(device->deviceInfo().value("address").toByteArray(), QByteArray());
+        }
+        if (cause == "no such file")
+            QCOMPARE(portText, QStringLiteral("not such device '%1'").arg(path));
+
+        // And the next read goes through again.
+        m_line.sim.line().clearFaults();
+        QVERIFY(noAnswer || port->setSerialName(m_line.sim.path()));
+        QVERIFY(device->readDevice(1));
+        QCOMPARE(device->state(), 2);
+    }
+
+    void additionalStatusFromTheDevice()
+    {
+        Device* device = identifiedOnLine();
+        QVERIFY(device);
+        QVERIFY(device->readDevice(1));
+        QCOMPARE(device->additionalStatusText(), QString());
+
+        const QVariantMap status{{"error_code", 5},
+                                 {"ADC_flags", 0x81},
+                                 {"EEPROM_flags", 0x03},
+                                 {"extended_status", 1},
+                                 {"standard_status_0", 0x16}};
+        for (auto it = status.constBegin(); it != status.constEnd(); ++it)
+            m_line.sim.setParam(0, it.key(), it.value());
+        QVERIFY(device->readDevice(1));
+        QCOMPARE(device->cmd48Data().left(9), hx("058103000000010016"));
+        // Command 1 tells of more status; 48 reads it, and 48 with the bytes read
+        // acknowledges it.
+        QCOMPARE(m_line.served(device, 5), QList<int>({0, 1, 1, 48, 48, 16}));
+        const QList<hartsim::RequestRecord> log = m_line.sim.line().requests();
+        QCOMPARE(log.at(3).data, QByteArray());
+        QCOMPARE(log.at(4).data, device->cmd48Data());
+        const QString text = "\n--- Device ADC error code: 5\n--- The ADC is overloaded. Flags: 0x81"
+                             "\n--- Error of writing configuration to EEPROM."
+                             "\n--- Device configuration is restored (from the secondary page)."
+                             "\n--- Device requires maintenance.\n--- Non-Volatile Memory Defect."
+                             "\n--- Volatile Memory Defect.\n--- Voltage Conditions Out of Range.";
+        QCOMPARE(device->additionalStatusText(), text);
+        QVERIFY(device->messageLog().contains(QStringLiteral("Additional status info:") + text));
+        // Acknowledged, and command 48 is no change of configuration.
+        QCOMPARE(device->deviceInfo().value("modify_count").toInt(), 0);
+        QVERIFY(device->readDevice(1));
+        QCOMPARE(int(device->statusBytes().at(1)) & 0x10, 0);
+        QCOMPARE(m_line.served(device, 7), QList<int>({0, 1, 1, 48, 48, 16, 1, 16}));
+    }
+
+    void additionalStatusRequests_data()
+    {
+        QTest::addColumn<QString>("model");
+        QTest::addColumn<QVariantMap>("settings");
+        QTest::addColumn<bool>("always");
+        QTest::addColumn<QList<int>>("served"); // after command 0, for reads of 3 and 1
+        QTest::addColumn<QString>("text");
+
+        QTest::newRow("only when the device tells") << "generic" << QVariantMap() << false << QList<int>{3, 1} << "";
+        QTest::newRow("always: after command 3 only")
+            << "generic" << QVariantMap() << true << QList<int>{3, 48, 1} << "";
+        // The read of 48 clears the flag of an old device: no acknowledgement.
+        QTest::newRow("HART 5: the read acknowledges")
+            << "hart5" << QVariantMap{{"extended_status", 2}} << false << QList<int>{3, 48, 1}
+            << "\n--- Device variable is in an Alarm state.";
+    }
+
+    void additionalStatusRequests()
+    {
+        QFETCH(QString, model);
+        QFETCH(QVariantMap, settings);
+        QFETCH(QList<int>, served);
+
+        Device* device = identifiedOnLine(model, settings);
+        QVERIFY(device);
+        QFETCH(bool, always);
+        device->setAlwaysAdditionalStatus(always);
+        QVERIFY(device->readDevice(3));
+        QVERIFY(device->readDevice(1));
+        QCOMPARE(m_line.served(device, int(served.size()) + 1), QList<int>{0} + served + QList<int>{16});
+        QTEST(device->additionalStatusText(), "text");
+    }
+};
 
 QTEST_GUILESS_MAIN(TestDevice)
 #include "tst_device.moc"

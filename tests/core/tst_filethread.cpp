@@ -1,5 +1,6 @@
 #include "debugqt.h"
 #include "filethread.h"
+#include "scratchdir.h"
 
 #include <QDir>
 #include <QFile>
@@ -23,12 +24,6 @@ QStringList fileLines(const QString& path)
     if (!lines.isEmpty() && lines.last().isEmpty())
         lines.removeLast();
     return lines;
-}
-
-bool writeFile(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
 
 QVariantMap parameters(const QVariantMap& changes = QVariantMap())
@@ -67,382 +62,351 @@ class TestFileThread : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-
-    void namesAndHeader_data();
-    void namesAndHeader();
-    void lineFormat_data();
-    void lineFormat();
-    void existingFixedFile_data();
-    void existingFixedFile();
-    void midnightStartsANewFile_data();
-    void midnightStartsANewFile();
-    void deletedFileIsMadeAgain();
-    void fullBatchesAreWritten_data();
-    void fullBatchesAreWritten();
-    void failedAppendKeepsTheLines();
-    void refusedParameters_data();
-    void refusedParameters();
-    void manyReadingsAllArriveInOrder();
-
-private:
     static QString path(const QString& relative) { return QDir::current().absoluteFilePath(relative); }
 
-    std::unique_ptr<QTemporaryDir> m_dir;
-    QString m_startDir;
-};
+    ScratchDir m_dir;
 
-void TestFileThread::initTestCase()
-{
-    DebugQt::instance(0x8ED0001, nullptr);
-    m_startDir = QDir::currentPath();
-}
+private slots:
+    void initTestCase() { DebugQt::instance(0x8ED0001, nullptr); }
+    void init() { QVERIFY(m_dir.enter()); }
+    void cleanup() { m_dir.leave(); }
 
-void TestFileThread::init()
-{
-    m_dir = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_dir->isValid());
-    QVERIFY(QDir::setCurrent(m_dir->path()));
-}
-
-void TestFileThread::cleanup()
-{
-    QDir::setCurrent(m_startDir);
-    m_dir.reset();
-}
-
-void TestFileThread::namesAndHeader_data()
-{
-    QTest::addColumn<QVariantMap>("changes");
-    QTest::addColumn<QString>("file");
-
-    QTest::newRow("dated directories") << QVariantMap() << "arch/2026/01/02/N_14_03_05.csv";
-    QTest::newRow("default root") << QVariantMap{{"archive_path", ""}} << "archives/2026/01/02/N_14_03_05.csv";
-    QTest::newRow("root with dots") << QVariantMap{{"archive_path", "./a/../arch"}} << "arch/2026/01/02/N_14_03_05.csv";
-    QTest::newRow("fixed name in the root") << QVariantMap{{"file_name", "fixed.csv"}} << "arch/fixed.csv";
-    QTest::newRow("fixed name with its directory") << QVariantMap{{"file_name", "x/y/fixed.csv"}} << "x/y/fixed.csv";
-}
-
-void TestFileThread::namesAndHeader()
-{
-    QFETCH(QVariantMap, changes);
-    QFETCH(QString, file);
-
-    FileThread thread;
-    QVERIFY2(thread.setParameters(parameters(changes)), qPrintable(thread.errorString()));
-    QCOMPARE(thread.fileName(), QDir::cleanPath(path(file)));
-    QCOMPARE(fileLines(path(file)), QStringList{header(Start)});
-    // The worker starts with the first full batch or flush, not here.
-    QVERIFY(!thread.isRunning());
-}
-
-void TestFileThread::lineFormat_data()
-{
-    QTest::addColumn<QVariantMap>("data");
-    QTest::addColumn<QString>("line");
-
-    const QDateTime t(QDate(2026, 1, 2), QTime(15, 4, 6));
-    const QVariantMap all{{"PV", 62.5f},      {"output_current", 14.0f},
-                          {"DateTime", t},    {"statusCode", "00 40"},
-                          {"SV", 23.25f},     {"TV", 12.0f},
-                          {"QV", 50.75f},     {"PVUnitCodeText", "kPa"},
-                          {"statusText", "x"}};
-    auto without = [&](std::initializer_list<const char*> keys) {
-        QVariantMap map = all;
-        for (const char* key : keys)
-            map.remove(QLatin1String(key));
-        return map;
-    };
-    QVariantMap rounded = all;
-    rounded.insert("PV", float(1.0 / 3.0));
-    rounded.insert("output_current", 19.999f);
-
-    QTest::newRow("all fields") << all << "1;2026-01-02 15:04:06;62.50;14.00;00 40;23.25;12.00;50.75;";
-    QTest::newRow("rounded to two decimals") << rounded << "1;2026-01-02 15:04:06;0.33;20.00;00 40;23.25;12.00;50.75;";
-    QTest::newRow("no status code") << without({"statusCode"})
-                                    << "1;2026-01-02 15:04:06;62.50;14.00;23.25;12.00;50.75;";
-    QTest::newRow("no SV, TV moves left") << without({"SV"}) << "1;2026-01-02 15:04:06;62.50;14.00;00 40;12.00;50.75;";
-    QTest::newRow("ends after the status") << without({"SV", "TV", "QV"}) << "1;2026-01-02 15:04:06;62.50;14.00;00 40;";
-    QTest::newRow("absent PV and current")
-        << without({"PV", "output_current", "SV", "TV", "QV"}) << "1;2026-01-02 15:04:06;0.00;0.00;00 40;";
-    // Without a time of its own the reading takes the clock's.
-    QTest::newRow("no time") << without({"DateTime", "SV", "TV", "QV"}) << "1;2026-01-02 16:00:00;62.50;14.00;00 40;";
-}
-
-void TestFileThread::lineFormat()
-{
-    QFETCH(QVariantMap, data);
-    QFETCH(QString, line);
-
-    QString file;
+    void namesAndHeader_data()
     {
-        FileThread thread;
-        thread.setClock([] { return QDateTime(QDate(2026, 1, 2), QTime(16, 0)); });
-        QVERIFY(thread.setParameters(parameters()));
-        file = thread.fileName();
-        QVERIFY(thread.appendHARTDataToWrite(data));
-        // One line of a batch of ten: only the destructor writes it.
+        QTest::addColumn<QVariantMap>("changes");
+        QTest::addColumn<QString>("file");
+
+        QTest::newRow("dated directories") << QVariantMap() << "arch/2026/01/02/N_14_03_05.csv";
+        QTest::newRow("default root") << QVariantMap{{"archive_path", ""}} << "archives/2026/01/02/N_14_03_05.csv";
+        QTest::newRow("root with dots") << QVariantMap{{"archive_path", "./a/../arch"}}
+                                        << "arch/2026/01/02/N_14_03_05.csv";
+        QTest::newRow("fixed name in the root") << QVariantMap{{"file_name", "fixed.csv"}} << "arch/fixed.csv";
+        QTest::newRow("fixed name with its directory")
+            << QVariantMap{{"file_name", "x/y/fixed.csv"}} << "x/y/fixed.csv";
     }
-    QCOMPARE(fileLines(file), (QStringList{header(Start), line}));
-}
 
-void TestFileThread::existingFixedFile_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QStringList>("expected");
-
-    const QString head = "old ; x ; 01.01.2026 00:00:00 ; @ ; -1 ;";
-    // The numbering goes on from the line count, the header included; an
-    // appended text line counts too.
-    const QDateTime t(QDate(2026, 1, 2), QTime(15, 0));
-    QTest::newRow("header and two lines")
-        << (head + "\n1;a;\n2;b;\n").toLocal8Bit()
-        << QStringList{head, "1;a;", "2;b;", row(4, 1.5, t), "# note", row(6, 2.5, t)};
-    // A line cut short keeps its place and gets its line end.
-    QTest::newRow("last line without a line end")
-        << (head + "\n1;a;").toLocal8Bit() << QStringList{head, "1;a;", row(3, 1.5, t), "# note", row(5, 2.5, t)};
-    QTest::newRow("empty file gets the header")
-        << QByteArray() << QStringList{header(Start), row(1, 1.5, t), "# note", row(3, 2.5, t)};
-}
-
-void TestFileThread::existingFixedFile()
-{
-    QFETCH(QByteArray, content);
-    QFETCH(QStringList, expected);
-
-    QVERIFY(QDir().mkpath(path("fixed")));
-    const QString file = path("fixed/archive.csv");
-    QVERIFY(writeFile(file, content));
+    void namesAndHeader()
     {
+        QFETCH(QVariantMap, changes);
+        QFETCH(QString, file);
+
         FileThread thread;
-        QVERIFY(thread.setParameters(parameters({{"file_name", file}})));
-        QCOMPARE(fileLines(file), expected.mid(0, expected.size() - 3));
-        // A fixed file never changes, also on another day.
+        QVERIFY2(thread.setParameters(parameters(changes)), qPrintable(thread.errorString()));
+        QCOMPARE(thread.fileName(), QDir::cleanPath(path(file)));
+        QCOMPARE(fileLines(path(file)), QStringList{header(Start)});
+        // The worker starts with the first full batch or flush, not here.
+        QVERIFY(!thread.isRunning());
+    }
+
+    void lineFormat_data()
+    {
+        QTest::addColumn<QVariantMap>("data");
+        QTest::addColumn<QString>("line");
+
+        const QDateTime t(QDate(2026, 1, 2), QTime(15, 4, 6));
+        const QVariantMap all{{"PV", 62.5f},      {"output_current", 14.0f},
+                              {"DateTime", t},    {"statusCode", "00 40"},
+                              {"SV", 23.25f},     {"TV", 12.0f},
+                              {"QV", 50.75f},     {"PVUnitCodeText", "kPa"},
+                              {"statusText", "x"}};
+        auto without = [&](std::initializer_list<const char*> keys) {
+            QVariantMap map = all;
+            for (const char* key : keys)
+                map.remove(QLatin1String(key));
+            return map;
+        };
+        QVariantMap rounded = all;
+        rounded.insert("PV", float(1.0 / 3.0));
+        rounded.insert("output_current", 19.999f);
+
+        QTest::newRow("all fields") << all << "1;2026-01-02 15:04:06;62.50;14.00;00 40;23.25;12.00;50.75;";
+        QTest::newRow("rounded to two decimals")
+            << rounded << "1;2026-01-02 15:04:06;0.33;20.00;00 40;23.25;12.00;50.75;";
+        QTest::newRow("no status code") << without({"statusCode"})
+                                        << "1;2026-01-02 15:04:06;62.50;14.00;23.25;12.00;50.75;";
+        QTest::newRow("no SV, TV moves left")
+            << without({"SV"}) << "1;2026-01-02 15:04:06;62.50;14.00;00 40;12.00;50.75;";
+        QTest::newRow("ends after the status")
+            << without({"SV", "TV", "QV"}) << "1;2026-01-02 15:04:06;62.50;14.00;00 40;";
+        QTest::newRow("absent PV and current")
+            << without({"PV", "output_current", "SV", "TV", "QV"}) << "1;2026-01-02 15:04:06;0.00;0.00;00 40;";
+        // Without a time of its own the reading takes the clock's.
+        QTest::newRow("no time") << without({"DateTime", "SV", "TV", "QV"})
+                                 << "1;2026-01-02 16:00:00;62.50;14.00;00 40;";
+    }
+
+    void lineFormat()
+    {
+        QFETCH(QVariantMap, data);
+        QFETCH(QString, line);
+
+        QString file;
+        {
+            FileThread thread;
+            thread.setClock([] { return QDateTime(QDate(2026, 1, 2), QTime(16, 0)); });
+            QVERIFY(thread.setParameters(parameters()));
+            file = thread.fileName();
+            QVERIFY(thread.appendHARTDataToWrite(data));
+            // One line of a batch of ten: only the destructor writes it.
+        }
+        QCOMPARE(fileLines(file), (QStringList{header(Start), line}));
+    }
+
+    void existingFixedFile_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QStringList>("expected");
+
+        const QString head = "old ; x ; 01.01.2026 00:00:00 ; @ ; -1 ;";
+        // The numbering goes on from the line count, the header included; an
+        // appended text line counts too.
         const QDateTime t(QDate(2026, 1, 2), QTime(15, 0));
-        QSignalSpy changed(&thread, &FileThread::changeFile);
-        QVERIFY(thread.appendHARTDataToWrite(reading(1.5, t)));
-        QVERIFY(thread.appendTextToWrite("# note", t.addDays(3)));
-        QVERIFY(thread.appendHARTDataToWrite(reading(2.5, t)));
-        QCOMPARE(changed.count(), 0);
-        QCOMPARE(thread.fileName(), file);
+        QTest::newRow("header and two lines")
+            << (head + "\n1;a;\n2;b;\n").toLocal8Bit()
+            << QStringList{head, "1;a;", "2;b;", row(4, 1.5, t), "# note", row(6, 2.5, t)};
+        // A line cut short keeps its place and gets its line end.
+        QTest::newRow("last line without a line end")
+            << (head + "\n1;a;").toLocal8Bit() << QStringList{head, "1;a;", row(3, 1.5, t), "# note", row(5, 2.5, t)};
+        QTest::newRow("empty file gets the header")
+            << QByteArray() << QStringList{header(Start), row(1, 1.5, t), "# note", row(3, 2.5, t)};
     }
-    QCOMPARE(fileLines(file), expected);
-}
 
-void TestFileThread::midnightStartsANewFile_data()
-{
-    QTest::addColumn<bool>("byClock");
-    QTest::newRow("time of the reading") << false;
-    QTest::newRow("time of the clock") << true;
-}
+    void existingFixedFile()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QStringList, expected);
 
-void TestFileThread::midnightStartsANewFile()
-{
-    QFETCH(bool, byClock);
+        QVERIFY(QDir().mkpath(path("fixed")));
+        const QString file = m_dir.writeFile("fixed/archive.csv", content);
+        QVERIFY(!file.isEmpty());
+        {
+            FileThread thread;
+            QVERIFY(thread.setParameters(parameters({{"file_name", file}})));
+            QCOMPARE(fileLines(file), expected.mid(0, expected.size() - 3));
+            // A fixed file never changes, also on another day.
+            const QDateTime t(QDate(2026, 1, 2), QTime(15, 0));
+            QSignalSpy changed(&thread, &FileThread::changeFile);
+            QVERIFY(thread.appendHARTDataToWrite(reading(1.5, t)));
+            QVERIFY(thread.appendTextToWrite("# note", t.addDays(3)));
+            QVERIFY(thread.appendHARTDataToWrite(reading(2.5, t)));
+            QCOMPARE(changed.count(), 0);
+            QCOMPARE(thread.fileName(), file);
+        }
+        QCOMPARE(fileLines(file), expected);
+    }
 
-    const QDateTime begin(QDate(2026, 1, 2), QTime(23, 59, 58));
-    const QDateTime before = begin.addSecs(1);
-    const QDateTime after(QDate(2026, 1, 3), QTime(0, 0, 1));
-    QDateTime now = before;
-    auto readingAt = [&](double pv, const QDateTime& time) {
-        now = time;
-        QVariantMap map = reading(pv, time);
-        if (byClock)
-            map.remove("DateTime");
-        return map;
-    };
+    void midnightStartsANewFile_data()
+    {
+        QTest::addColumn<bool>("byClock");
+        QTest::newRow("time of the reading") << false;
+        QTest::newRow("time of the clock") << true;
+    }
 
-    FileThread thread;
-    thread.setClock([&now] { return now; });
-    QVERIFY(thread.setParameters(parameters({{"date", begin}})));
-    const QString oldFile = thread.fileName();
-    QSignalSpy changed(&thread, &FileThread::changeFile);
-    QSignalSpy written(&thread, &FileThread::writeLines);
-    QVERIFY(thread.appendHARTDataToWrite(readingAt(1.0, before)));
-    QVERIFY(thread.appendHARTDataToWrite(readingAt(2.0, before)));
-    QVERIFY(thread.appendHARTDataToWrite(readingAt(3.0, after)));
-    QCOMPARE(changed.count(), 1);
-    const QString newFile = path("arch/2026/01/03/N_00_00_01.csv");
-    QCOMPARE(thread.fileName(), newFile);
+    void midnightStartsANewFile()
+    {
+        QFETCH(bool, byClock);
 
-    // The lines of the old day go to the old file, first, without a flush.
-    QTRY_VERIFY_WITH_TIMEOUT(!written.isEmpty(), 10000);
-    QCOMPARE(fileLines(oldFile), (QStringList{header(begin), row(1, 1, before), row(2, 2, before)}));
-    thread.flushData();
-    QTRY_COMPARE_WITH_TIMEOUT(written.count(), 2, 10000);
-    QCOMPARE(written.at(0), (QVariantList{oldFile, 2}));
-    QCOMPARE(written.at(1), (QVariantList{newFile, 1}));
-    QCOMPARE(fileLines(newFile), (QStringList{header(after), row(1, 3, after)}));
-}
+        const QDateTime begin(QDate(2026, 1, 2), QTime(23, 59, 58));
+        const QDateTime before = begin.addSecs(1);
+        const QDateTime after(QDate(2026, 1, 3), QTime(0, 0, 1));
+        QDateTime now = before;
+        auto readingAt = [&](double pv, const QDateTime& time) {
+            now = time;
+            QVariantMap map = reading(pv, time);
+            if (byClock)
+                map.remove("DateTime");
+            return map;
+        };
 
-void TestFileThread::deletedFileIsMadeAgain()
-{
-    FileThread thread;
-    QSignalSpy written(&thread, &FileThread::writeLines);
-    QSignalSpy errors(&thread, &FileThread::error);
-    QVERIFY(thread.setParameters(parameters({{"write_line_count", 2}})));
-    const QString file = thread.fileName();
-    const QDateTime t = Start.addSecs(1);
-    for (int k = 1; k <= 2; ++k)
-        QVERIFY(thread.appendHARTDataToWrite(reading(k, t)));
-    QTRY_COMPARE_WITH_TIMEOUT(written.count(), 1, 10000);
-    QVERIFY(QFile::remove(file));
+        FileThread thread;
+        thread.setClock([&now] { return now; });
+        QVERIFY(thread.setParameters(parameters({{"date", begin}})));
+        const QString oldFile = thread.fileName();
+        QSignalSpy changed(&thread, &FileThread::changeFile);
+        QSignalSpy written(&thread, &FileThread::writeLines);
+        QVERIFY(thread.appendHARTDataToWrite(readingAt(1.0, before)));
+        QVERIFY(thread.appendHARTDataToWrite(readingAt(2.0, before)));
+        QVERIFY(thread.appendHARTDataToWrite(readingAt(3.0, after)));
+        QCOMPARE(changed.count(), 1);
+        const QString newFile = path("arch/2026/01/03/N_00_00_01.csv");
+        QCOMPARE(thread.fileName(), newFile);
 
-    // The next batch makes the file again with its header and keeps its
-    // numbers; later lines count from the new file's start.
-    for (int k = 3; k <= 4; ++k)
-        QVERIFY(thread.appendHARTDataToWrite(reading(k, t)));
-    QTRY_COMPARE_WITH_TIMEOUT(written.count(), 2, 10000);
-    for (int k = 5; k <= 6; ++k)
-        QVERIFY(thread.appendHARTDataToWrite(reading(k, t)));
-    QTRY_COMPARE_WITH_TIMEOUT(written.count(), 3, 10000);
-    QCOMPARE(fileLines(file), (QStringList{header(Start), row(3, 3, t), row(4, 4, t), row(1, 5, t), row(2, 6, t)}));
-    QCOMPARE(errors.count(), 0);
-}
+        // The lines of the old day go to the old file, first, without a flush.
+        QTRY_VERIFY_WITH_TIMEOUT(!written.isEmpty(), 10000);
+        QCOMPARE(fileLines(oldFile), (QStringList{header(begin), row(1, 1, before), row(2, 2, before)}));
+        thread.flushData();
+        QTRY_COMPARE_WITH_TIMEOUT(written.count(), 2, 10000);
+        QCOMPARE(written.at(0), (QVariantList{oldFile, 2}));
+        QCOMPARE(written.at(1), (QVariantList{newFile, 1}));
+        QCOMPARE(fileLines(newFile), (QStringList{header(after), row(1, 3, after)}));
+    }
 
-void TestFileThread::fullBatchesAreWritten_data()
-{
-    QTest::addColumn<int>("batch");
-    QTest::newRow("batch of one") << 1;
-    QTest::newRow("batch of three") << 3;
-}
-
-void TestFileThread::fullBatchesAreWritten()
-{
-    QFETCH(int, batch);
-
-    FileThread thread;
-    QSignalSpy written(&thread, &FileThread::writeLines);
-    QVERIFY(thread.setParameters(parameters({{"write_line_count", batch}})));
-    const QString file = thread.fileName();
-    // A second batch is queued while the worker is still busy with the
-    // first: in the worker's own signal, before it goes back to sleep.
-    bool queued = false;
-    connect(
-        &thread, &FileThread::writeLines, &thread,
-        [&] {
-            for (int k = batch + 1; !queued && k <= 2 * batch; ++k)
-                thread.appendHARTDataToWrite(reading(k, Start));
-            queued = true;
-        },
-        Qt::DirectConnection);
-    for (int k = 1; k < batch; ++k)
-        QVERIFY(thread.appendHARTDataToWrite(reading(k, Start)));
-    // Short of a batch nothing is written.
-    QVERIFY(!thread.isRunning());
-    QCOMPARE(fileLines(file).size(), 1);
-    QVERIFY(thread.appendHARTDataToWrite(reading(batch, Start)));
-    // The second batch is written too, without a flush.
-    QTRY_COMPARE_WITH_TIMEOUT(written.count(), 2, 10000);
-    QCOMPARE(written.at(0), (QVariantList{file, batch}));
-    QCOMPARE(written.at(1), (QVariantList{file, 2 * batch}));
-    const QStringList lines = fileLines(file);
-    QCOMPARE(lines.size(), 1 + 2 * batch);
-    for (int k = 1; k <= 2 * batch; ++k)
-        QCOMPARE(lines.at(k), row(k, k, Start));
-}
-
-void TestFileThread::failedAppendKeepsTheLines()
-{
-    FileThread thread;
-    QSignalSpy written(&thread, &FileThread::writeLines);
-    QSignalSpy errors(&thread, &FileThread::error);
-    QVERIFY(thread.setParameters(parameters({{"write_line_count", 2}})));
-    const QString file = thread.fileName();
-    // A directory in the file's place: the append fails.
-    QVERIFY(QFile::remove(file));
-    QVERIFY(QDir().mkpath(file));
-    QVERIFY(thread.appendHARTDataToWrite(reading(1, Start)));
-    QVERIFY(thread.appendHARTDataToWrite(reading(2, Start)));
-    QTRY_COMPARE_WITH_TIMEOUT(errors.count(), 1, 10000);
-    QCOMPARE(errors.at(0).at(0).toString(),
-             QStringLiteral("Can't open %1 for append, error code %2").arg(file).arg(int(QFileDevice::OpenError)));
-    QCOMPARE(thread.errorString(), errors.at(0).at(0).toString());
-    QTRY_VERIFY_WITH_TIMEOUT(!thread.isRunning(), 10000);
-
-    // Once the place is free the next flush starts the worker again, and
-    // the lines of the failed batch come first.
-    QVERIFY(QDir().rmdir(file));
-    QVERIFY(thread.appendHARTDataToWrite(reading(3, Start)));
-    thread.flushData();
-    QTRY_COMPARE_WITH_TIMEOUT(written.count(), 2, 10000);
-    QCOMPARE(fileLines(file), (QStringList{header(Start), row(1, 1, Start), row(2, 2, Start), row(3, 3, Start)}));
-    QCOMPARE(errors.count(), 1);
-}
-
-void TestFileThread::refusedParameters_data()
-{
-    QTest::addColumn<QVariantMap>("changes");
-    QTest::addColumn<QString>("error");
-    QTest::addColumn<bool>("signalled");
-
-    QTest::newRow("no name") << QVariantMap{{"name", ""}} << "Name is empty." << false;
-    QTest::newRow("no date") << QVariantMap{{"date", QDateTime()}} << "Date is invalid." << false;
-    QTest::newRow("date of no date") << QVariantMap{{"date", "tomorrow"}} << "Date is invalid." << false;
-    // The root is under a plain file: no directory can be made there.
-    QTest::newRow("directory not made") << QVariantMap{{"archive_path", "plain/arch"}}
-                                        << "Can't create archive path %1/plain/arch/2026/01/02" << false;
-    QTest::newRow("file is a directory") << QVariantMap{{"file_name", "plain2"}}
-                                         << "Can't open %1/arch/plain2 for write, error code %2" << true;
-}
-
-void TestFileThread::refusedParameters()
-{
-    QFETCH(QVariantMap, changes);
-    QFETCH(QString, error);
-    QFETCH(bool, signalled);
-
-    QVERIFY(writeFile(path("plain"), "x"));
-    QVERIFY(QDir().mkpath(path("arch/plain2")));
-    error.replace("%1", QDir::currentPath()).replace("%2", QString::number(int(QFileDevice::OpenError)));
-
-    FileThread thread;
-    QSignalSpy errors(&thread, &FileThread::error);
-    const QVariantMap line = reading(1, Start);
-    QVERIFY(!thread.appendHARTDataToWrite(line));
-    QVERIFY(!thread.setParameters(parameters(changes)));
-    QCOMPARE(thread.errorString(), error);
-    QCOMPARE(errors.count(), signalled ? 1 : 0);
-    if (signalled)
-        QCOMPARE(errors.at(0).at(0).toString(), error);
-    // Not ready: lines are refused and nothing starts.
-    QVERIFY(!thread.appendHARTDataToWrite(line));
-    QVERIFY(!thread.appendTextToWrite("x", Start));
-    thread.flushData();
-    QVERIFY(!thread.isRunning());
-    QVERIFY(!QFileInfo::exists(path("archives")));
-}
-
-void TestFileThread::manyReadingsAllArriveInOrder()
-{
-    const int total = 5000;
-    const int batch = 10;
-    QString file;
+    void deletedFileIsMadeAgain()
     {
         FileThread thread;
-        std::atomic<int> lastCount{0};
-        connect(
-            &thread, &FileThread::writeLines, &thread, [&](const QString&, int count) { lastCount = count; },
-            Qt::DirectConnection);
+        QSignalSpy written(&thread, &FileThread::writeLines);
+        QSignalSpy errors(&thread, &FileThread::error);
+        QVERIFY(thread.setParameters(parameters({{"write_line_count", 2}})));
+        const QString file = thread.fileName();
+        const QDateTime t = Start.addSecs(1);
+        for (int k = 1; k <= 2; ++k)
+            QVERIFY(thread.appendHARTDataToWrite(reading(k, t)));
+        QTRY_COMPARE_WITH_TIMEOUT(written.count(), 1, 10000);
+        QVERIFY(QFile::remove(file));
+
+        // The next batch makes the file again with its header and keeps its
+        // numbers; later lines count from the new file's start.
+        for (int k = 3; k <= 4; ++k)
+            QVERIFY(thread.appendHARTDataToWrite(reading(k, t)));
+        QTRY_COMPARE_WITH_TIMEOUT(written.count(), 2, 10000);
+        for (int k = 5; k <= 6; ++k)
+            QVERIFY(thread.appendHARTDataToWrite(reading(k, t)));
+        QTRY_COMPARE_WITH_TIMEOUT(written.count(), 3, 10000);
+        QCOMPARE(fileLines(file), (QStringList{header(Start), row(3, 3, t), row(4, 4, t), row(1, 5, t), row(2, 6, t)}));
+        QCOMPARE(errors.count(), 0);
+    }
+
+    void fullBatchesAreWritten_data()
+    {
+        QTest::addColumn<int>("batch");
+        QTest::newRow("batch of one") << 1;
+        QTest::newRow("batch of three") << 3;
+    }
+
+    void fullBatchesAreWritten()
+    {
+        QFETCH(int, batch);
+
+        FileThread thread;
+        QSignalSpy written(&thread, &FileThread::writeLines);
         QVERIFY(thread.setParameters(parameters({{"write_line_count", batch}})));
-        file = thread.fileName();
-        for (int k = 1; k <= total; ++k)
-            QVERIFY(thread.appendHARTDataToWrite(reading(k * 0.25, Start.addSecs(k))));
-        // Without a flush the file keeps up to less than one batch.
-        QTRY_VERIFY_WITH_TIMEOUT(lastCount > total - batch, 30000);
+        const QString file = thread.fileName();
+        // A second batch is queued while the worker is still busy with the
+        // first: in the worker's own signal, before it goes back to sleep.
+        bool queued = false;
+        connect(
+            &thread, &FileThread::writeLines, &thread,
+            [&] {
+                for (int k = batch + 1; !queued && k <= 2 * batch; ++k)
+                    thread.appendHARTDataToWrite(reading(k, Start));
+                queued = true;
+            },
+            Qt::DirectConnection);
+        for (int k = 1; k < batch; ++k)
+            QVERIFY(thread.appendHARTDataToWrite(reading(k, Start)));
+        // Short of a batch nothing is written.
+        QVERIFY(!thread.isRunning());
+        QCOMPARE(fileLines(file).size(), 1);
+        QVERIFY(thread.appendHARTDataToWrite(reading(batch, Start)));
+        // The second batch is written too, without a flush.
+        QTRY_COMPARE_WITH_TIMEOUT(written.count(), 2, 10000);
+        QCOMPARE(written.at(0), (QVariantList{file, batch}));
+        QCOMPARE(written.at(1), (QVariantList{file, 2 * batch}));
+        const QStringList lines = fileLines(file);
+        QCOMPARE(lines.size(), 1 + 2 * batch);
+        for (int k = 1; k <= 2 * batch; ++k)
+            QCOMPARE(lines.at(k), row(k, k, Start));
+    }
+
+    void failedAppendKeepsTheLines()
+    {
+        FileThread thread;
+        QSignalSpy written(&thread, &FileThread::writeLines);
+        QSignalSpy errors(&thread, &FileThread::error);
+        QVERIFY(thread.setParameters(parameters({{"write_line_count", 2}})));
+        const QString file = thread.fileName();
+        // A directory in the file's place: the append fails.
+        QVERIFY(QFile::remove(file));
+        QVERIFY(QDir().mkpath(file));
+        QVERIFY(thread.appendHARTDataToWrite(reading(1, Start)));
+        QVERIFY(thread.appendHARTDataToWrite(reading(2, Start)));
+        QTRY_COMPARE_WITH_TIMEOUT(errors.count(), 1, 10000);
+        QCOMPARE(errors.at(0).at(0).toString(),
+                 QStringLiteral("Can't open %1 for append, error code %2").arg(file).arg(int(QFileDevice::OpenError)));
+        QCOMPARE(thread.errorString(), errors.at(0).at(0).toString());
+        QTRY_VERIFY_WITH_TIMEOUT(!thread.isRunning(), 10000);
+
+        // Once the place is free the next flush starts the worker again, and
+        // the lines of the failed batch come first.
+        QVERIFY(QDir().rmdir(file));
+        QVERIFY(thread.appendHARTDataToWrite(reading(3, Start)));
         thread.flushData();
-        QTRY_COMPARE_WITH_TIMEOUT(lastCount.load(), total, 30000);
+        QTRY_COMPARE_WITH_TIMEOUT(written.count(), 2, 10000);
+        QCOMPARE(fileLines(file), (QStringList{header(Start), row(1, 1, Start), row(2, 2, Start), row(3, 3, Start)}));
+        QCOMPARE(errors.count(), 1);
     }
-    const QStringList lines = fileLines(file);
-    QCOMPARE(lines.size(), total + 1);
-    for (int k = 1; k <= total; ++k) {
-        if (lines.at(k) != row(k, k * 0.25, Start.addSecs(k)))
-            QFAIL(qPrintable(QStringLiteral("line %1: %2").arg(k).arg(lines.at(k))));
+
+    void refusedParameters_data()
+    {
+        QTest::addColumn<QVariantMap>("changes");
+        QTest::addColumn<QString>("error");
+        QTest::addColumn<bool>("signalled");
+
+        QTest::newRow("no name") << QVariantMap{{"name", ""}} << "Name is empty." << false;
+        QTest::newRow("no date") << QVariantMap{{"date", QDateTime()}} << "Date is invalid." << false;
+        QTest::newRow("date of no date") << QVariantMap{{"date", "tomorrow"}} << "Date is invalid." << false;
+        // The root is under a plain file: no directory can be made there.
+        QTest::newRow("directory not made") << QVariantMap{{"archive_path", "plain/arch"}}
+                                            << "Can't create archive path %1/plain/arch/2026/01/02" << false;
+        QTest::newRow("file is a directory")
+            << QVariantMap{{"file_name", "plain2"}} << "Can't open %1/arch/plain2 for write, error code %2" << true;
     }
-}
+
+    void refusedParameters()
+    {
+        QFETCH(QVariantMap, changes);
+        QFETCH(QString, error);
+        QFETCH(bool, signalled);
+
+        QVERIFY(!m_dir.writeFile("plain", "x").isEmpty());
+        QVERIFY(QDir().mkpath(path("arch/plain2")));
+        error.replace("%1", QDir::currentPath()).replace("%2", QString::number(int(QFileDevice::OpenError)));
+
+        FileThread thread;
+        QSignalSpy errors(&thread, &FileThread::error);
+        const QVariantMap line = reading(1, Start);
+        QVERIFY(!thread.appendHARTDataToWrite(line));
+        QVERIFY(!thread.setParameters(parameters(changes)));
+        QCOMPARE(thread.errorString(), error);
+        QCOMPARE(errors.count(), signalled ? 1 : 0);
+        if (signalled)
+            QCOMPARE(errors.at(0).at(0).toString(), error);
+        // Not ready: lines are refused and nothing starts.
+        QVERIFY(!thread.appendHARTDataToWrite(line));
+        QVERIFY(!thread.appendTextToWrite("x", Start));
+        thread.flushData();
+        QVERIFY(!thread.isRunning());
+        QVERIFY(!QFileInfo::exists(path("archives")));
+    }
+
+    void manyReadingsAllArriveInOrder()
+    {
+        const int total = 5000;
+        const int batch = 10;
+        QString file;
+        {
+            FileThread thread;
+            std::atomic<int> lastCount{0};
+            connect(
+                &thread, &FileThread::writeLines, &thread, [&](const QString&, int count) { lastCount = count; },
+                Qt::DirectConnection);
+            QVERIFY(thread.setParameters(parameters({{"write_line_count", batch}})));
+            file = thread.fileName();
+            for (int k = 1; k <= total; ++k)
+                QVERIFY(thread.appendHARTDataToWrite(reading(k * 0.25, Start.addSecs(k))));
+            // Without a flush the file keeps up to less than one batch.
+            QTRY_VERIFY_WITH_TIMEOUT(lastCount > total - batch, 30000);
+            thread.flushData();
+            QTRY_COMPARE_WITH_TIMEOUT(lastCount.load(), total, 30000);
+        }
+        const QStringList lines = fileLines(file);
+        QCOMPARE(lines.size(), total + 1);
+        for (int k = 1; k <= total; ++k) {
+            if (lines.at(k) != row(k, k * 0.25, Start.addSecs(k)))
+                QFAIL(qPrintable(QStringLiteral("line %1: %2").arg(k).arg(lines.at(k))));
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(TestFileThread)
 #include "tst_filethread.moc"

@@ -5,16 +5,6 @@
 
 #include <limits>
 
-class TestReadingsModel : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void windowOfLastReadings();
-    void rowsAsShownAndExported_data();
-    void rowsAsShownAndExported();
-};
-
 namespace {
 
 QVariantMap reading(int second, bool failed = false)
@@ -32,51 +22,55 @@ QVariantMap reading(int second, bool failed = false)
 
 } // namespace
 
-void TestReadingsModel::windowOfLastReadings()
+class TestReadingsModel : public QObject
 {
-    ReadingsModel model;
-    QCOMPARE(model.limit(), 300000);
-    for (int i = 0; i <= model.limit(); ++i)
-        model.append(reading(i));
-    // The 300 001st reading pushed out the first.
-    QCOMPARE(model.rowCount(), 300000);
-    QCOMPARE(model.data(model.index(0, 0)).toString(), QStringLiteral("01.01.2026 00:00:01"));
-    QCOMPARE(model.data(model.index(299999, 1)).toString(), QStringLiteral("300000.25"));
-}
+    Q_OBJECT
 
-void TestReadingsModel::rowsAsShownAndExported_data()
-{
-    QTest::addColumn<bool>("failed");
-    QTest::addColumn<QStringList>("shown"); // the cells of the row
-    QTest::addColumn<QString>("line");      // the archive's line of it
+private slots:
+    void windowOfLastReadings()
+    {
+        ReadingsModel model;
+        QCOMPARE(model.limit(), 300000);
+        for (int i = 0; i <= model.limit(); ++i)
+            model.append(reading(i));
+        // The 300 001st reading pushed out the first.
+        QCOMPARE(model.rowCount(), 300000);
+        QCOMPARE(model.data(model.index(0, 0)).toString(), QStringLiteral("01.01.2026 00:00:01"));
+        QCOMPARE(model.data(model.index(299999, 1)).toString(), QStringLiteral("300000.25"));
+    }
 
-    QTest::newRow("good, TV not a number")
-        << false << QStringList{"01.01.2026 00:00:07", "7.25", "4.50", "1.50", "", "00 00 "}
-        << "3;2026-01-01 00:00:07;7.25;4.50;00 00;1.50;nan;";
-    QTest::newRow("failed: no values") << true << QStringList{"01.01.2026 00:00:07",           "", "", "", "",
-                                                              "00 00 Response timeout (370ms)"}
-                                       << "3;2026-01-01 00:00:07;7.25;4.50;00 00;";
-}
+    void rowsAsShownAndExported_data()
+    {
+        QTest::addColumn<bool>("failed");
+        QTest::addColumn<QStringList>("shown"); // the cells of the row
+        QTest::addColumn<QString>("line");      // the archive's line of it
 
-void TestReadingsModel::rowsAsShownAndExported()
-{
-    QFETCH(bool, failed);
-    QFETCH(QStringList, shown);
-    QFETCH(QString, line);
+        QTest::newRow("good, TV not a number")
+            << false << QStringList{"01.01.2026 00:00:07", "7.25", "4.50", "1.50", "", "00 00 "}
+            << "3;2026-01-01 00:00:07;7.25;4.50;00 00;1.50;nan;";
+        QTest::newRow("failed: no values")
+            << true << QStringList{"01.01.2026 00:00:07", "", "", "", "", "00 00 Response timeout (370ms)"}
+            << "3;2026-01-01 00:00:07;7.25;4.50;00 00;";
+    }
 
-    ReadingsModel model;
-    model.setColumns("°C", {ReadingsModel::SV, ReadingsModel::TV});
-    model.append(reading(7, failed));
-    QCOMPARE(model.headerData(1, Qt::Horizontal).toString(), QStringLiteral("PV [°C]"));
-    QStringList cells;
-    for (int column = 0; column < model.columnCount(); ++column)
-        cells << model.data(model.index(0, column)).toString();
-    QCOMPARE(cells, shown);
-    QCOMPARE(model.flags(model.index(0, 1)) & Qt::ItemIsEditable, Qt::NoItemFlags);
-    // The export writes the reading as the archive does.
-    const QVariantMap map = model.readingMap(0);
-    QCOMPARE(FileThread::archiveLine(3, map.value("DateTime").toDateTime(), map), line);
-}
+    void rowsAsShownAndExported()
+    {
+        QFETCH(bool, failed);
+
+        ReadingsModel model;
+        model.setColumns("°C", {ReadingsModel::SV, ReadingsModel::TV});
+        model.append(reading(7, failed));
+        QCOMPARE(model.headerData(1, Qt::Horizontal).toString(), QStringLiteral("PV [°C]"));
+        QStringList cells;
+        for (int column = 0; column < model.columnCount(); ++column)
+            cells << model.data(model.index(0, column)).toString();
+        QTEST(cells, "shown");
+        QCOMPARE(model.flags(model.index(0, 1)) & Qt::ItemIsEditable, Qt::NoItemFlags);
+        // The export writes the reading as the archive does.
+        const QVariantMap map = model.readingMap(0);
+        QTEST(FileThread::archiveLine(3, map.value("DateTime").toDateTime(), map), "line");
+    }
+};
 
 QTEST_MAIN(TestReadingsModel)
 #include "tst_readingsmodel.moc"

@@ -60,6 +60,26 @@ QByteArray statusFrame(int command, const QByteArray& status)
     return pre(5) + frame;
 }
 
+// A row of request(): byteAddress >= 0 takes the one-byte constructor with
+// that address, -2 the default constructor; frame is the hex after the
+// preambles.
+void requestRow(const char* name, const QByteArray& address, int command, bool primary, const char* frame,
+                const QByteArray& data = QByteArray(), int byteAddress = -1, int preambles = 5)
+{
+    QTest::newRow(name) << preambles << address << byteAddress << command << data << primary
+                        << pre(preambles) + hx(frame);
+}
+
+// A row of parseGood(): the buffer parses into these fields.
+void goodRow(const char* name, const QByteArray& buffer, int preambles, const QByteArray& status = hx("00 00"),
+             const QByteArray& address = hx("83"), const QByteArray& data = hx("20 41 C8 00 00"), int command = 1,
+             bool findStart = false, bool trash = false, const QStringList& logs = {})
+{
+    const int delimiter = address.size() == 5 ? 0x86 : 0x06;
+    QTest::newRow(name) << buffer << findStart << delimiter << command << address << status << data << preambles
+                        << trash << logs;
+}
+
 } // namespace
 
 class TestHartCommand : public QObject
@@ -67,7 +87,6 @@ class TestHartCommand : public QObject
     Q_OBJECT
 
 private slots:
-    void defaultConstructor();
     void frameText_data();
     void frameText();
     void request_data();
@@ -89,32 +108,16 @@ private slots:
     void checkStatusLogs();
 };
 
-void TestHartCommand::defaultConstructor()
-{
-    HartCommand cmd;
-    QCOMPARE(cmd.ToByteArray(), hx("FF FF FF FF FF 02 80 00 00 82"));
-    QCOMPARE(cmd.preamblesLenght(), 5);
-    QCOMPARE(int(cmd.startDelimiter()), 0x02);
-    QCOMPARE(int(cmd.commandNumber()), 0);
-    QCOMPARE(cmd.address(), hx("80"));
-    QVERIFY(cmd.commandData().isEmpty());
-    QVERIFY(cmd.statusCode().isEmpty());
-    QVERIFY(cmd.errorText().isEmpty());
-    QVERIFY(!cmd.hasTrash());
-}
-
 void TestHartCommand::frameText_data()
 {
     QTest::addColumn<QByteArray>("frame");
     QTest::addColumn<QString>("text");
-    QTest::newRow("access code, short address")
-        << QByteArray::fromHex("ffff0280be0400003039ad") << "ff ff 02 80 be 04 ** ** ** ** **";
+    QTest::newRow("access code, short address") << hx("ffff0280be0400003039ad") << "ff ff 02 80 be 04 ** ** ** ** **";
     QTest::newRow("access code, long address")
-        << QByteArray::fromHex("ff82a091009101be0400003039cc") << "ff 82 a0 91 00 91 01 be 04 ** ** ** ** **";
-    QTest::newRow("its answer shows") << QByteArray::fromHex("ff0680be03000001bc") << "ff 06 80 be 03 00 00 01 bc";
-    QTest::newRow("another command shows")
-        << QByteArray::fromHex("ff0280220400003039ad") << "ff 02 80 22 04 00 00 30 39 ad";
-    QTest::newRow("cut before the command") << QByteArray::fromHex("ffff82a0") << "ff ff 82 a0";
+        << hx("ff82a091009101be0400003039cc") << "ff 82 a0 91 00 91 01 be 04 ** ** ** ** **";
+    QTest::newRow("its answer shows") << hx("ff0680be03000001bc") << "ff 06 80 be 03 00 00 01 bc";
+    QTest::newRow("another command shows") << hx("ff0280220400003039ad") << "ff 02 80 22 04 00 00 30 39 ad";
+    QTest::newRow("cut before the command") << hx("ffff82a0") << "ff ff 82 a0";
 }
 
 void TestHartCommand::frameText()
@@ -127,7 +130,7 @@ void TestHartCommand::request_data()
 {
     QTest::addColumn<int>("preambles");
     QTest::addColumn<QByteArray>("address");
-    QTest::addColumn<int>("byteAddress"); // >= 0: the one-byte constructor with this address
+    QTest::addColumn<int>("byteAddress");
     QTest::addColumn<int>("command");
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<bool>("primary");
@@ -135,44 +138,32 @@ void TestHartCommand::request_data()
 
     const QByteArray none;
     const QByteArray longAddr = hx("26 0A 12 34 56");
+    // 5 preambles, polling address 0, command 0, primary master.
+    requestRow("default", none, 0, true, "02 80 00 00 82", none, -2);
     // Short frames.
-    QTest::newRow("short 3, primary") << 5 << hx("03") << -1 << 1 << none << true
-                                      << hx("FF FF FF FF FF 02 83 01 00 80");
-    QTest::newRow("short 3, secondary") << 5 << hx("03") << -1 << 1 << none << false
-                                        << hx("FF FF FF FF FF 02 03 01 00 00");
-    QTest::newRow("byte form, short 3, primary")
-        << 5 << none << 3 << 1 << none << true << hx("FF FF FF FF FF 02 83 01 00 80");
-    QTest::newRow("byte form, short 3, secondary")
-        << 5 << none << 3 << 1 << none << false << hx("FF FF FF FF FF 02 03 01 00 00");
-    QTest::newRow("byte form, 10 preambles") << 10 << none << 0 << 0 << none << true << pre(10) + hx("02 80 00 00 82");
-    QTest::newRow("no preambles") << 0 << hx("03") << -1 << 13 << none << true << hx("02 83 0D 00 8C");
-    QTest::newRow("low bits of short address kept")
-        << 5 << hx("3F") << -1 << 0 << none << true << hx("FF FF FF FF FF 02 BF 00 00 BD");
-    QTest::newRow("three-byte address") << 5 << hx("05 11 22") << -1 << 0 << none << true
-                                        << hx("FF FF FF FF FF 02 85 00 00 87");
-    QTest::newRow("two-byte address, secondary")
-        << 5 << hx("85 11") << -1 << 0 << none << false << hx("FF FF FF FF FF 02 05 00 00 07");
-    QTest::newRow("empty address, secondary")
-        << 5 << none << -1 << 0 << none << false << hx("FF FF FF FF FF 02 00 00 00 02");
-    QTest::newRow("empty address, primary")
-        << 5 << none << -1 << 0 << none << true << hx("FF FF FF FF FF 02 80 00 00 82");
+    requestRow("short 3, primary", hx("03"), 1, true, "02 83 01 00 80");
+    requestRow("short 3, secondary", hx("03"), 1, false, "02 03 01 00 00");
+    requestRow("byte form, short 3, primary", none, 1, true, "02 83 01 00 80", none, 3);
+    requestRow("byte form, short 3, secondary", none, 1, false, "02 03 01 00 00", none, 3);
+    requestRow("byte form, 10 preambles", none, 0, true, "02 80 00 00 82", none, 0, 10);
+    requestRow("no preambles", hx("03"), 13, true, "02 83 0D 00 8C", none, -1, 0);
+    requestRow("low bits of short address kept", hx("3F"), 0, true, "02 BF 00 00 BD");
+    requestRow("three-byte address", hx("05 11 22"), 0, true, "02 85 00 00 87");
+    requestRow("two-byte address, secondary", hx("85 11"), 0, false, "02 05 00 00 07");
+    requestRow("empty address, secondary", none, 0, false, "02 00 00 00 02");
+    requestRow("empty address, primary", none, 0, true, "02 80 00 00 82");
     // The burst bit is cleared on every request.
-    QTest::newRow("bit 6 cleared, short primary")
-        << 5 << hx("43") << -1 << 1 << none << true << hx("FF FF FF FF FF 02 83 01 00 80");
-    QTest::newRow("bit 6 cleared, byte form secondary")
-        << 5 << none << 0xC3 << 0 << none << false << hx("FF FF FF FF FF 02 03 00 00 01");
-    QTest::newRow("bit 6 cleared, long secondary")
-        << 5 << hx("66 0A 12 34 56") << -1 << 1 << none << false << hx("FF FF FF FF FF 82 26 0A 12 34 56 01 00 DF");
+    requestRow("bit 6 cleared, short primary", hx("43"), 1, true, "02 83 01 00 80");
+    requestRow("bit 6 cleared, byte form secondary", none, 0, false, "02 03 00 00 01", none, 0xC3);
+    requestRow("bit 6 cleared, long secondary", hx("66 0A 12 34 56"), 1, false, "82 26 0A 12 34 56 01 00 DF");
     // Long frames.
-    QTest::newRow("long, primary") << 5 << longAddr << -1 << 0 << none << true
-                                   << hx("FF FF FF FF FF 82 A6 0A 12 34 56 00 00 5E");
-    QTest::newRow("seven-byte address") << 5 << hx("26 0A 12 34 56 77 88") << -1 << 0 << none << true
-                                        << hx("FF FF FF FF FF 82 A6 0A 12 34 56 00 00 5E");
-    QTest::newRow("long, with data") << 5 << longAddr << -1 << 35 << hx("20 42 C8 00 00 00 00 00 00") << true
-                                     << hx("FF FF FF FF FF 82 A6 0A 12 34 56 23 09 20 42 C8 00 00 00 00 00 00 DE");
+    requestRow("long, primary", longAddr, 0, true, "82 A6 0A 12 34 56 00 00 5E");
+    requestRow("seven-byte address", hx("26 0A 12 34 56 77 88"), 0, true, "82 A6 0A 12 34 56 00 00 5E");
+    requestRow("long, with data", longAddr, 35, true, "82 A6 0A 12 34 56 23 09 20 42 C8 00 00 00 00 00 00 DE",
+               hx("20 42 C8 00 00 00 00 00 00"));
     // 300 bytes of data: the count keeps its low 8 bits (0x2C).
     QTest::newRow("byte count truncated") << 5 << hx("00") << -1 << 0 << QByteArray(300, '\0') << true
-                                          << hx("FF FF FF FF FF 02 80 00 2C") + QByteArray(300, '\0') + hx("AE");
+                                          << pre(5) + hx("02 80 00 2C") + QByteArray(300, '\0') + hx("AE");
 }
 
 void TestHartCommand::request()
@@ -185,15 +176,19 @@ void TestHartCommand::request()
     QFETCH(bool, primary);
     QFETCH(QByteArray, frame);
 
+    const auto cmdByte = static_cast<unsigned char>(command);
     QScopedPointer<HartCommand> cmd(
-        byteAddress >= 0
-            ? new HartCommand(nullptr, preambles, static_cast<unsigned char>(byteAddress),
-                              static_cast<unsigned char>(command), data, primary)
-            : new HartCommand(nullptr, preambles, address, static_cast<unsigned char>(command), data, primary));
+        byteAddress == -2 ? new HartCommand
+        : byteAddress >= 0
+            ? new HartCommand(nullptr, preambles, static_cast<unsigned char>(byteAddress), cmdByte, data, primary)
+            : new HartCommand(nullptr, preambles, address, cmdByte, data, primary));
     QCOMPARE(cmd->ToByteArray(), frame);
     QCOMPARE(cmd->preamblesLenght(), preambles);
+    QCOMPARE(int(cmd->commandNumber()), command);
     QCOMPARE(cmd->commandData(), data);
     QVERIFY(cmd->statusCode().isEmpty());
+    QVERIFY(cmd->errorText().isEmpty());
+    QVERIFY(!cmd->hasTrash());
 }
 
 void TestHartCommand::parseGood_data()
@@ -211,89 +206,61 @@ void TestHartCommand::parseGood_data()
 
     const QByteArray s = hx(shortResp);
     const QByteArray l = hx(longResp);
-    const QByteArray sAddr = hx("83"), lAddr = hx("A6 0A 12 34 56");
+    const QByteArray lAddr = hx("A6 0A 12 34 56");
     const QByteArray pv = hx("20 41 C8 00 00");
-    const QByteArray ok = hx("00 00");
-    const QStringList noLogs;
+    const QByteArray ok = hx("00 00"), changed = hx("00 40"), none;
+    const QString fewLog = logLine(Err, "*** Too few preambles have been received");
+    const QString fewAndBadLog = logLine(Err, "*** Too few preambles & invalid delimiter have been received");
 
     // Clean frames.
-    QTest::newRow("short, 5 preambles") << pre(5) + s << false << 0x06 << 1 << sAddr << ok << pv << 5 << false
-                                        << noLogs;
-    QTest::newRow("long, 5 preambles") << pre(5) + l << false << 0x86 << 1 << lAddr << hx("00 40") << pv << 5 << false
-                                       << noLogs;
-    QTest::newRow("long, 20 preambles") << pre(20) + l << false << 0x86 << 1 << lAddr << hx("00 40") << pv << 20
-                                        << false << noLogs;
-    QTest::newRow("search asked, clean frame")
-        << pre(5) + s << true << 0x06 << 1 << sAddr << ok << pv << 5 << false << noLogs;
-    QTest::newRow("burst bit in address") << pre(5) + hx("06 C3 01 07 00 00 20 41 C8 00 00 6A") << false << 0x06 << 1
-                                          << hx("C3") << ok << pv << 5 << false << noLogs;
-    QTest::newRow("data holding FF") << pre(5) + hx("86 A6 0A 12 34 56 03 04 00 00 FF FF 5D") << false << 0x86 << 3
-                                     << lAddr << ok << hx("FF FF") << 5 << false << noLogs;
+    goodRow("short, 5 preambles", pre(5) + s, 5);
+    goodRow("long, 5 preambles", pre(5) + l, 5, changed, lAddr);
+    goodRow("search asked, clean frame", pre(5) + s, 5, ok, hx("83"), pv, 1, true);
+    goodRow("burst bit in address", pre(5) + hx("06 C3 01 07 00 00 20 41 C8 00 00 6A"), 5, ok, hx("C3"));
+    goodRow("data holding FF", pre(5) + hx("86 A6 0A 12 34 56 03 04 00 00 FF FF 5D"), 5, ok, lAddr, hx("FF FF"), 3);
     // Byte counts 0 and 2.
-    QTest::newRow("byte count 0") << pre(5) + hx("06 83 01 00 84") << false << 0x06 << 1 << sAddr << QByteArray()
-                                  << QByteArray() << 5 << false << noLogs;
-    QTest::newRow("byte count 0, 9 bytes") << pre(4) + hx("06 83 01 00 84") << false << 0x06 << 1 << sAddr
-                                           << QByteArray() << QByteArray() << 4 << false << noLogs;
-    QTest::newRow("byte count 2") << pre(5) + hx("06 83 26 02 00 00 A1") << false << 0x06 << 38 << sAddr << ok
-                                  << QByteArray() << 5 << false << noLogs;
-    QTest::newRow("bytes after checksum ignored")
-        << pre(5) + s + hx("12 FF FF 41 06") << false << 0x06 << 1 << sAddr << ok << pv << 5 << false << noLogs;
+    goodRow("byte count 0", pre(5) + hx("06 83 01 00 84"), 5, none, hx("83"), none);
+    goodRow("byte count 0, 9 bytes", pre(4) + hx("06 83 01 00 84"), 4, none, hx("83"), none);
+    goodRow("byte count 2", pre(5) + hx("06 83 26 02 00 00 A1"), 5, ok, hx("83"), none, 38);
+    goodRow("bytes after checksum ignored", pre(5) + s + hx("12 FF FF 41 06"), 5);
     // Two to four preambles are enough before a response delimiter.
-    QTest::newRow("2 preambles") << pre(2) + s << false << 0x06 << 1 << sAddr << ok << pv << 2 << false << noLogs;
-    QTest::newRow("3 preambles, long") << pre(3) + l << false << 0x86 << 1 << lAddr << hx("00 40") << pv << 3 << false
-                                       << noLogs;
-    QTest::newRow("4 preambles") << pre(4) + s << false << 0x06 << 1 << sAddr << ok << pv << 4 << false << noLogs;
+    goodRow("2 preambles", pre(2) + s, 2);
+    goodRow("3 preambles, long", pre(3) + l, 3, changed, lAddr);
+    goodRow("4 preambles", pre(4) + s, 4);
     // Noise ahead of the frame.
-    QTest::newRow("noise before preambles")
-        << hx("00 12 34") + pre(5) + s << false << 0x06 << 1 << sAddr << ok << pv << 5 << true
-        << QStringList{logLine(Warn, "*** Unexpected start of message:  00")};
-    QTest::newRow("noise with a lone FF")
-        << hx("00 FF 55") + pre(5) + s << false << 0x06 << 1 << sAddr << ok << pv << 5 << true
-        << QStringList{logLine(Err, "*** Too few preambles have been received")};
-    QTest::newRow("1 preamble, resync") << pre(1) + s + pre(5) + s << false << 0x06 << 1 << sAddr << ok << pv << 5
-                                        << true
-                                        << QStringList{logLine(Err, "*** Too few preambles have been received")};
-    QTest::newRow("2 preambles, request delimiter, resync")
-        << pre(2) + hx("02 83 01 00 80") + pre(5) + s << false << 0x06 << 1 << sAddr << ok << pv << 5 << true
-        << QStringList{logLine(Err, "*** Too few preambles & invalid delimiter have been received")};
-    QTest::newRow("4 preambles, 0x82, resync")
-        << pre(4) + hx("82 A6 0A 12 34 56 00 00 5E") + pre(3) + l << false << 0x86 << 1 << lAddr << hx("00 40") << pv
-        << 3 << true << QStringList{logLine(Err, "*** Too few preambles & invalid delimiter have been received")};
+    goodRow("noise before preambles", hx("00 12 34") + pre(5) + s, 5, ok, hx("83"), pv, 1, false, true,
+            {logLine(Warn, "*** Unexpected start of message:  00")});
+    goodRow("noise with a lone FF", hx("00 FF 55") + pre(5) + s, 5, ok, hx("83"), pv, 1, false, true, {fewLog});
+    goodRow("1 preamble, resync", pre(1) + s + pre(5) + s, 5, ok, hx("83"), pv, 1, false, true, {fewLog});
+    goodRow("2 preambles, request delimiter, resync", pre(2) + hx("02 83 01 00 80") + pre(5) + s, 5, ok, hx("83"), pv,
+            1, false, true, {fewAndBadLog});
+    goodRow("4 preambles, 0x82, resync", pre(4) + hx("82 A6 0A 12 34 56 00 00 5E") + pre(3) + l, 3, changed, lAddr, pv,
+            1, false, true, {fewAndBadLog});
     // Five preambles and a bad delimiter only restart the search after noise or when asked to search.
-    QTest::newRow("5 preambles, bad delimiter after noise")
-        << hx("00") + pre(5) + hx("41") + pre(5) + s << false << 0x06 << 1 << sAddr << ok << pv << 5 << true
-        << QStringList{logLine(Err, "*** Preambles: 5  but invalid delimiter:  41")};
-    QTest::newRow("5 preambles, bad delimiter, search asked")
-        << pre(5) + hx("41") + pre(5) + s << true << 0x06 << 1 << sAddr << ok << pv << 5 << true
-        << QStringList{logLine(Err, "*** Preambles: 5  but invalid delimiter:  41")};
-    QTest::newRow("6 preambles, request delimiter, search asked")
-        << pre(6) + hx("02 80 00 00 82") + pre(2) + l << true << 0x86 << 1 << lAddr << hx("00 40") << pv << 2 << true
-        << QStringList{logLine(Err, "*** Preambles: 6  but invalid delimiter:  02")};
+    goodRow("5 preambles, bad delimiter after noise", hx("00") + pre(5) + hx("41") + pre(5) + s, 5, ok, hx("83"), pv, 1,
+            false, true, {logLine(Err, "*** Preambles: 5  but invalid delimiter:  41")});
+    goodRow("5 preambles, bad delimiter, search asked", pre(5) + hx("41") + pre(5) + s, 5, ok, hx("83"), pv, 1, true,
+            true, {logLine(Err, "*** Preambles: 5  but invalid delimiter:  41")});
+    goodRow("6 preambles, request delimiter, search asked", pre(6) + hx("02 80 00 00 82") + pre(2) + l, 2, changed,
+            lAddr, pv, 1, true, true, {logLine(Err, "*** Preambles: 6  but invalid delimiter:  02")});
 }
 
 void TestHartCommand::parseGood()
 {
     QFETCH(QByteArray, buffer);
     QFETCH(bool, findStart);
-    QFETCH(int, delimiter);
-    QFETCH(int, command);
-    QFETCH(QByteArray, address);
-    QFETCH(QByteArray, status);
-    QFETCH(QByteArray, data);
-    QFETCH(int, preambles);
-    QFETCH(bool, trash);
     QFETCH(QStringList, logs);
 
     expectLogs(logs << logLine(Info, "*** SUCCESS ***"));
     HartCommand cmd;
     QVERIFY2(cmd.fromByteArray(buffer, findStart), qPrintable(cmd.errorText()));
-    QCOMPARE(int(cmd.startDelimiter()), delimiter);
-    QCOMPARE(int(cmd.commandNumber()), command);
-    QCOMPARE(cmd.address(), address);
-    QCOMPARE(cmd.statusCode(), status);
-    QCOMPARE(cmd.commandData(), data);
-    QCOMPARE(cmd.preamblesLenght(), preambles);
-    QCOMPARE(cmd.hasTrash(), trash);
+    QTEST(int(cmd.startDelimiter()), "delimiter");
+    QTEST(int(cmd.commandNumber()), "command");
+    QTEST(cmd.address(), "address");
+    QTEST(cmd.statusCode(), "status");
+    QTEST(cmd.commandData(), "data");
+    QTEST(cmd.preamblesLenght(), "preambles");
+    QTEST(cmd.hasTrash(), "trash");
     QVERIFY(cmd.errorText().isEmpty());
 }
 
@@ -308,18 +275,16 @@ void TestHartCommand::parseBad_data()
     const QByteArray s = hx(shortResp);
     const QString notFound = "*** Start of message not found!";
     const QString unexpectedEnd = "*** Unexpected end of message!";
+    const QString size = "*** Invalid message size for command parsing: ";
     const QString endLog = logLine(Err, "*** Incorrect start or end of message!");
     const QString stepLog = logLine(Err, "*** ERROR on step ");
-    const QString sizeLog = logLine(Err, "*** Invalid message size for command parsing: ");
+    const QString sizeLog = logLine(Err, size);
 
     // Fewer than 9 bytes are refused whatever they hold.
-    QTest::newRow("empty buffer") << QByteArray() << false << "*** Invalid message size for command parsing: 0" << false
-                                  << QStringList{sizeLog};
+    QTest::newRow("empty buffer") << QByteArray() << false << size + "0" << false << QStringList{sizeLog};
     QTest::newRow("8 bytes, a whole frame")
-        << pre(3) + hx("06 83 01 00 84") << false << "*** Invalid message size for command parsing: 8" << false
-        << QStringList{sizeLog};
-    QTest::newRow("8 preambles") << pre(8) << true << "*** Invalid message size for command parsing: 8" << false
-                                 << QStringList{sizeLog};
+        << pre(3) + hx("06 83 01 00 84") << false << size + "8" << false << QStringList{sizeLog};
+    QTest::newRow("8 preambles") << pre(8) << true << size + "8" << false << QStringList{sizeLog};
     // No frame start in the buffer.
     QTest::newRow("noise only") << hx("00 01 02 03 04 05 06 07 08") << false << notFound << true << QStringList{endLog};
     QTest::newRow("preambles only") << pre(9) << false << notFound << false << QStringList{endLog};
@@ -349,24 +314,19 @@ void TestHartCommand::parseBad_data()
                                   << QStringList{endLog};
     QTest::newRow("ends before checksum")
         << pre(5) + s.left(s.size() - 1) << false << unexpectedEnd << false << QStringList{endLog};
-    QTest::newRow("wrong checksum") << pre(5) + hx("06 83 01 07 00 00 20 41 C8 00 00 2B") << false
-                                    << "*** Checksum is wrong!" << false
-                                    << QStringList{logLine(Err, "*** Checksum is wrong!"), stepLog + " 7"};
 }
 
 void TestHartCommand::parseBad()
 {
     QFETCH(QByteArray, buffer);
     QFETCH(bool, findStart);
-    QFETCH(QString, error);
-    QFETCH(bool, trash);
     QFETCH(QStringList, logs);
 
     expectLogs(logs);
     HartCommand cmd;
     QVERIFY(!cmd.fromByteArray(buffer, findStart));
-    QCOMPARE(cmd.errorText(), error);
-    QCOMPARE(cmd.hasTrash(), trash);
+    QTEST(cmd.errorText(), "error");
+    QTEST(cmd.hasTrash(), "trash");
 }
 
 void TestHartCommand::wrongChecksum_data()
@@ -385,9 +345,11 @@ void TestHartCommand::wrongChecksum()
     QFETCH(QByteArray, buffer);
     QFETCH(QByteArray, status);
 
+    expectLogs({logLine(Err, "*** Checksum is wrong!"), logLine(Err, "*** ERROR on step  7")});
     HartCommand cmd;
     QVERIFY(!cmd.fromByteArray(buffer, false));
     QCOMPARE(cmd.errorText(), QString("*** Checksum is wrong!"));
+    QVERIFY(!cmd.hasTrash());
     QVERIFY(cmd.commandData().isEmpty());
     QCOMPARE(cmd.statusCode(), status);
 }
@@ -454,16 +416,13 @@ void TestHartCommand::longAddressParts()
     QFETCH(QByteArray, address);
     QFETCH(bool, primary);
     QFETCH(QByteArray, response);
-    QFETCH(int, manufacturer);
-    QFETCH(int, deviceType);
-    QFETCH(QByteArray, deviceId);
 
     HartCommand cmd(nullptr, 5, address, 1, QByteArray(), primary);
     if (!response.isEmpty())
         QVERIFY(cmd.fromByteArray(response, false));
-    QCOMPARE(int(cmd.manufacturerID()), manufacturer);
-    QCOMPARE(int(cmd.manufacturerDeviceTypeCode()), deviceType);
-    QCOMPARE(cmd.deviceID(), deviceId);
+    QTEST(int(cmd.manufacturerID()), "manufacturer");
+    QTEST(int(cmd.manufacturerDeviceTypeCode()), "deviceType");
+    QTEST(cmd.deviceID(), "deviceId");
 }
 
 void TestHartCommand::checkAnswer_data()
@@ -481,33 +440,33 @@ void TestHartCommand::checkAnswer_data()
     const QByteArray sBurst = pre(5) + hx("06 C3 01 07 00 00 20 41 C8 00 00 6A");
     const QByteArray lBurst = pre(5) + hx("86 E6 0A 12 34 56 01 07 00 40 20 41 C8 00 00 F5");
     const QByteArray sSecondaryBurst = pre(5) + hx("06 43 01 07 00 00 20 41 C8 00 00 EA");
-    const QString burst = logLine(Info, "### BURST MODE");
-    const QString burstOk = logLine(Info, "success ### BURST MODE");
+    const QStringList success{logLine(Info, "success")};
+    const QStringList burst{logLine(Info, "### BURST MODE")};
+    const QStringList burstOk = burst + QStringList{logLine(Info, "success ### BURST MODE")};
+    const QStringList none;
 
-    QTest::newRow("short, same address") << sAddr << 1 << true << s << true << QString()
-                                         << QStringList{logLine(Info, "success")};
-    QTest::newRow("long, same address") << lAddr << 1 << true << l << true << QString()
-                                        << QStringList{logLine(Info, "success")};
+    QTest::newRow("short, same address") << sAddr << 1 << true << s << true << QString() << success;
+    QTest::newRow("long, same address") << lAddr << 1 << true << l << true << QString() << success;
     QTest::newRow("short request, long response")
-        << sAddr << 1 << true << l << false << "*** start delimiter check error:  02 / 86" << QStringList();
+        << sAddr << 1 << true << l << false << "*** start delimiter check error:  02 / 86" << none;
     QTest::newRow("long request, short response")
-        << lAddr << 1 << true << s << false << "*** start delimiter check error:  82 / 06" << QStringList();
+        << lAddr << 1 << true << s << false << "*** start delimiter check error:  82 / 06" << none;
     QTest::newRow("command differs, short")
-        << sAddr << 13 << true << s << false << "*** command number check error:  13 / 1" << QStringList();
+        << sAddr << 13 << true << s << false << "*** command number check error:  13 / 1" << none;
     QTest::newRow("command differs, long")
-        << lAddr << 3 << true << l << false << "*** command number check error:  3 / 1" << QStringList();
+        << lAddr << 3 << true << l << false << "*** command number check error:  3 / 1" << none;
     QTest::newRow("other short address") << hx("04") << 1 << true << s << false << "*** address check error: 84 / 83"
-                                         << QStringList();
+                                         << none;
     QTest::newRow("other long address") << hx("26 0A 12 34 57") << 1 << true << l << false
-                                        << "*** address check error: a60a123457 / a60a123456" << QStringList();
+                                        << "*** address check error: a60a123457 / a60a123456" << none;
     QTest::newRow("master bit differs") << sAddr << 1 << false << s << false << "*** address check error: 03 / 83"
-                                        << QStringList();
-    QTest::newRow("burst, short") << sAddr << 1 << true << sBurst << true << QString() << QStringList{burst, burstOk};
-    QTest::newRow("burst, long") << lAddr << 1 << true << lBurst << true << QString() << QStringList{burst, burstOk};
+                                        << none;
+    QTest::newRow("burst, short") << sAddr << 1 << true << sBurst << true << QString() << burstOk;
+    QTest::newRow("burst, long") << lAddr << 1 << true << lBurst << true << QString() << burstOk;
     QTest::newRow("burst, master bit cleared")
-        << sAddr << 1 << true << sSecondaryBurst << false << "*** address check error: 83 / 43" << QStringList{burst};
+        << sAddr << 1 << true << sSecondaryBurst << false << "*** address check error: 83 / 43" << burst;
     QTest::newRow("burst, master bit set for secondary")
-        << sAddr << 1 << false << sBurst << false << "*** address check error: 03 / c3" << QStringList{burst};
+        << sAddr << 1 << false << sBurst << false << "*** address check error: 03 / c3" << burst;
 }
 
 void TestHartCommand::checkAnswer()
@@ -516,16 +475,14 @@ void TestHartCommand::checkAnswer()
     QFETCH(int, command);
     QFETCH(bool, primary);
     QFETCH(QByteArray, response);
-    QFETCH(bool, ok);
-    QFETCH(QString, error);
     QFETCH(QStringList, logs);
 
     HartCommand request(nullptr, 5, address, static_cast<unsigned char>(command), QByteArray(), primary);
     HartCommand answer;
     QVERIFY2(answer.fromByteArray(response, false), qPrintable(answer.errorText()));
     expectLogs(logs);
-    QCOMPARE(request.checkAnswer(answer), ok);
-    QCOMPARE(request.errorText(), error);
+    QTEST(request.checkAnswer(answer), "ok");
+    QTEST(request.errorText(), "error");
     QVERIFY(answer.errorText().isEmpty());
 }
 
@@ -551,71 +508,55 @@ void TestHartCommand::checkStatus_data()
     // No error, device status only.
     QTest::newRow("00 00") << 1 << hx("00 00") << true << QString() << none;
     QTest::newRow("byte count 0") << 1 << QByteArray() << true << QString() << none;
-    for (int bit = 0; bit < 8; ++bit) {
-        const int mask = 0x80 >> bit;
-        QTest::addRow("00 %02X", mask) << 1 << QByteArray(1, '\0') + char(mask) << true << QString()
-                                       << QStringList{allDeviceStatus[bit]};
-    }
-    QTest::newRow("00 60") << 1 << hx("00 60") << true << QString()
-                           << QStringList{"*** Configuration changed", "*** Cold start"};
+    for (int bit = 0; bit < 8; ++bit)
+        QTest::addRow("00 %02X", 0x80 >> bit)
+            << 1 << QByteArray(1, '\0') + char(0x80 >> bit) << true << QString() << QStringList{allDeviceStatus[bit]};
     QTest::newRow("00 FF") << 1 << hx("00 FF") << true << QString()
                            << QStringList(std::begin(allDeviceStatus), std::end(allDeviceStatus));
+    QTest::newRow("00 60") << 1 << hx("00 60") << true << QString()
+                           << QStringList{"*** Configuration changed", "*** Cold start"};
 
     // Communication errors: the second byte is not read.
-    QTest::newRow("80 00") << 1 << hx("80 00") << false << comm << none;
-    QTest::newRow("C0 00") << 1 << hx("C0 00") << false << comm + "*** parity error" << none;
-    QTest::newRow("A0 00") << 1 << hx("A0 00") << false << comm + "*** speed overflow error" << none;
-    QTest::newRow("90 00") << 1 << hx("90 00") << false << comm + "*** synhronization (frame) error" << none;
-    QTest::newRow("88 00") << 1 << hx("88 00") << false << comm + "*** checksum error" << none;
-    QTest::newRow("82 00") << 1 << hx("82 00") << false << comm + "*** receive buffer overflow error" << none;
-    QTest::newRow("84 00") << 1 << hx("84 00") << false << comm << none;
-    QTest::newRow("81 00") << 1 << hx("81 00") << false << comm << none;
-    QTest::newRow("80 FF") << 1 << hx("80 FF") << false << comm << none;
-    QTest::newRow("88 40") << 1 << hx("88 40") << false << comm + "*** checksum error" << none;
-    QTest::newRow("C8 00") << 1 << hx("C8 00") << false << comm + "*** parity error*** checksum error" << none;
-    QTest::newRow("FF 00") << 1 << hx("FF 00") << false
-                           << comm + "*** parity error*** speed overflow error*** synhronization (frame) error"
-                                     "*** checksum error*** receive buffer overflow error"
-                           << none;
-
-    // Response codes with one meaning for every command.
     const struct
     {
-        int code;
+        const char* status;
         const char* text;
-    } fixedErrors[] = {
-        {2, "*** wrong choice"},
-        {3, "*** last parameter too large"},
-        {4, "*** last parameter too small"},
-        {5, "*** too few data bytes have been received"},
-        {6, "*** command not executed"},
-        {7, "*** write protection mode set"},
-        {13, "*** upper and lower conversion limits are out of permissible values"},
-        {16, "*** restricted access"},
-        {18, "*** invalid unit code"},
-        {29, "*** invalid range"},
-        {32, "*** device is busy"},
-        {64, "*** command not implemented"},
-    };
-    for (const auto& e : fixedErrors)
-        QTest::addRow("code %d", e.code) << 1 << QByteArray(1, char(e.code)) + '\0' << false
-                                         << QString("Command error (error code %1): %2").arg(e.code).arg(e.text)
-                                         << none;
-    QTest::newRow("07 40: device status not read")
-        << 1 << hx("07 40") << false << "Command error (error code 7): *** write protection mode set" << none;
-    QTest::newRow("code 14") << 1 << hx("0E 00") << true << "Command error (error code 14): "
-                             << QStringList{"*** the minimum range is too small - impaired accuracy"};
-    QTest::newRow("0E 40: device status not read")
-        << 1 << hx("0E 40") << true
-        << "Command error (error code 14): " << QStringList{"*** the minimum range is too small - impaired accuracy"};
+    } commErrors[] = {{"80 00", ""},
+                      {"C0 00", "*** parity error"},
+                      {"A0 00", "*** speed overflow error"},
+                      {"90 00", "*** synhronization (frame) error"},
+                      {"88 00", "*** checksum error"},
+                      {"82 00", "*** receive buffer overflow error"},
+                      {"84 00", ""},
+                      {"81 00", ""},
+                      {"80 FF", ""},
+                      {"88 40", "*** checksum error"},
+                      {"C8 00", "*** parity error*** checksum error"},
+                      {"FF 00", "*** parity error*** speed overflow error*** synhronization (frame) error"
+                                "*** checksum error*** receive buffer overflow error"}};
+    for (const auto& e : commErrors)
+        QTest::newRow(e.status) << 1 << hx(e.status) << false << comm + e.text << none;
 
-    // Response codes that depend on the command.
+    // Response codes; those from 8 to 12 mean something else for some
+    // commands. Command 1 stands for any command.
     const struct
     {
         int code;
         int command;
         const char* text;
-    } commandErrors[] = {
+    } errors[] = {
+        {2, 1, "*** wrong choice"},
+        {3, 1, "*** last parameter too large"},
+        {4, 1, "*** last parameter too small"},
+        {5, 1, "*** too few data bytes have been received"},
+        {6, 1, "*** command not executed"},
+        {7, 1, "*** write protection mode set"},
+        {13, 1, "*** upper and lower conversion limits are out of permissible values"},
+        {16, 1, "*** restricted access"},
+        {18, 1, "*** invalid unit code"},
+        {29, 1, "*** invalid range"},
+        {32, 1, "*** device is busy"},
+        {64, 1, "*** command not implemented"},
         {9, 35, "*** the lower range limit greater of maximum allowable value"},
         {9, 36, "*** PV value is greater of upper range limit"},
         {9, 37, "*** PV value is greater of upper range limit"},
@@ -639,38 +580,42 @@ void TestHartCommand::checkStatus_data()
         {12, 192, "*** saved factory settings are missing"},
         {12, 1, "*** unrecognized error 12"},
     };
-    for (const auto& e : commandErrors)
+    for (const auto& e : errors)
         QTest::addRow("code %d, command %d", e.code, e.command)
             << e.command << QByteArray(1, char(e.code)) + '\0' << false
             << QString("Command error (error code %1): %2").arg(e.code).arg(e.text) << none;
+    QTest::newRow("07 40: device status not read")
+        << 1 << hx("07 40") << false << "Command error (error code 7): *** write protection mode set" << none;
 
+    // Warnings: the command was carried out. Code 8 elsewhere is listed like a
+    // warning, and yet a failure with only the head as error text.
+    const QString head14 = "Command error (error code 14): ";
+    const QString range = "*** the minimum range is too small - impaired accuracy";
+    QTest::newRow("code 14") << 1 << hx("0E 00") << true << head14 << QStringList{range};
+    QTest::newRow("0E 40: device status not read") << 1 << hx("0E 40") << true << head14 << QStringList{range};
     const QString head8 = "Command error (error code 8): ";
-    QTest::newRow("code 8, command 48") << 48 << hx("08 00") << true << head8 << QStringList{"*** update in progress"};
-    QTest::newRow("code 8, command 138") << 138 << hx("08 00") << true << head8
-                                         << QStringList{"*** linearization point not used"};
-    QTest::newRow("code 8, command 148") << 148 << hx("08 00") << true << head8
-                                         << QStringList{"*** linearization point not used"};
-    QTest::newRow("code 8, command 141") << 141 << hx("08 00") << true << head8
-                                         << QStringList{
-                                                "*** temperature is different from previous value at this point"};
-    QTest::newRow("08 FF, command 48") << 48 << hx("08 FF") << true << head8 << QStringList{"*** update in progress"};
-    // Listed like a warning, and yet a failure with only the head as error text.
-    QTest::newRow("code 8, command 1") << 1 << hx("08 00") << false << head8
-                                       << QStringList{"*** incorrect input signal type selected"};
-    QTest::newRow("08 40, command 3") << 3 << hx("08 40") << false << head8
-                                      << QStringList{"*** incorrect input signal type selected"};
-
-    // Codes that are not in the tables.
     const struct
     {
-        int code;
-        const char* hex;
-    } unknown[] = {{1, "1"},   {15, "f"},  {17, "11"}, {19, "13"}, {30, "1e"},
-                   {33, "21"}, {63, "3f"}, {65, "41"}, {127, "7f"}};
-    for (const auto& u : unknown)
-        QTest::addRow("unknown code %d", u.code)
-            << 1 << QByteArray(1, char(u.code)) + '\x40' << false
-            << QString("Command error (error code %1): *** unknown error code: %1 hex: %2").arg(u.code).arg(u.hex)
+        int command;
+        const char* status;
+        bool ok;
+        const char* text;
+    } eights[] = {{48, "08 00", true, "*** update in progress"},
+                  {138, "08 00", true, "*** linearization point not used"},
+                  {148, "08 00", true, "*** linearization point not used"},
+                  {141, "08 00", true, "*** temperature is different from previous value at this point"},
+                  {48, "08 FF", true, "*** update in progress"},
+                  {1, "08 00", false, "*** incorrect input signal type selected"},
+                  {3, "08 40", false, "*** incorrect input signal type selected"}};
+    for (const auto& e : eights)
+        QTest::addRow("%s, command %d", e.status, e.command)
+            << e.command << hx(e.status) << e.ok << head8 << QStringList{e.text};
+
+    // Codes that are not in the tables.
+    for (const int code : {1, 15, 17, 19, 30, 33, 63, 65, 127})
+        QTest::addRow("unknown code %d", code)
+            << 1 << QByteArray(1, char(code)) + '\x40' << false
+            << QString("Command error (error code %1): *** unknown error code: %1 hex: %2").arg(code).arg(code, 0, 16)
             << none;
 }
 
@@ -679,14 +624,13 @@ void TestHartCommand::checkStatus()
     QFETCH(int, command);
     QFETCH(QByteArray, status);
     QFETCH(bool, ok);
-    QFETCH(QString, error);
     QFETCH(QStringList, texts);
 
     HartCommand answer;
     QVERIFY2(answer.fromByteArray(statusFrame(command, status), false), qPrintable(answer.errorText()));
     QCOMPARE(answer.statusCode(), status);
     QCOMPARE(answer.checkStatus(), ok);
-    QCOMPARE(answer.errorText(), error);
+    QTEST(answer.errorText(), "error");
     QCOMPARE(answer.statusText(), texts);
     // A second check gives the same list, not a longer one.
     QCOMPARE(answer.checkStatus(), ok);

@@ -88,26 +88,13 @@ void TestFrameReceiver::feed_data()
     QTest::newRow("many preambles") << QByteArrayList{QByteArray(20, char(0xFF)) + hx("02 83 01 00 80")}
                                     << QList<int>{0}
                                     << QByteArrayList{QByteArray(20, char(0xFF)) + hx("02 83 01 00 80")} << none << 0;
-    QTest::newRow("bad checksum") << QByteArrayList{hx(req3Bad)} << QList<int>{0} << QByteArrayList{}
-                                  << QList<int>{0, 0, 1, 0} << 0;
     QTest::newRow("bad checksum, then a good frame") << QByteArrayList{hx(req3Bad), hx(req3)} << QList<int>{0, 50}
                                                      << QByteArrayList{hx(req3)} << QList<int>{0, 0, 1, 0} << 0;
     QTest::newRow("a response is not a request")
         << QByteArrayList{hx(resp3)} << QList<int>{0} << QByteArrayList{} << QList<int>{0, 1, 0, 0} << 11;
-    QTest::newRow("long response delimiter") << QByteArrayList{hx("FF FF FF 86 A6 0A 12 34 56 00 02 00 40 18")}
-                                             << QList<int>{0} << QByteArrayList{} << QList<int>{0, 1, 0, 0} << 10;
-    QTest::newRow("unknown delimiter 41") << QByteArrayList{hx("FF FF FF FF FF 41 83 01 00 C3")} << QList<int>{0}
-                                          << QByteArrayList{} << QList<int>{0, 1, 0, 0} << 4;
-    QTest::newRow("delimiter with expansion bytes")
-        << QByteArrayList{hx("FF FF FF FF FF A2 00 A6 0A 12 34 56 01 00 7F")} << QList<int>{0} << QByteArrayList{}
-        << QList<int>{0, 1, 0, 0} << 9;
     QTest::newRow("unknown delimiter, then a good frame")
         << QByteArrayList{hx("FF FF FF 41") + hx(req3)} << QList<int>{0} << QByteArrayList{hx(req3)}
         << QList<int>{0, 1, 0, 0} << 0;
-    QTest::newRow("long request") << QByteArrayList{hx(reqLong)} << QList<int>{0} << QByteArrayList{hx(reqLong)} << none
-                                  << 0;
-    QTest::newRow("broadcast with data") << QByteArrayList{hx(reqBroadcast)} << QList<int>{0}
-                                         << QByteArrayList{hx(reqBroadcast)} << none << 0;
     QTest::newRow("data bytes of FF") << QByteArrayList{hx(reqDataFF)} << QList<int>{0} << QByteArrayList{hx(reqDataFF)}
                                       << none << 0;
     QTest::newRow("two frames in one read") << QByteArrayList{hx(req3) + hx(reqLong)} << QList<int>{0}
@@ -116,9 +103,6 @@ void TestFrameReceiver::feed_data()
         << pieces(hx(req3), {7}) << QList<int>{0, 150} << QByteArrayList{} << QList<int>{0, 0, 0, 1} << 3;
     QTest::newRow("pause as long as the gap keeps it")
         << pieces(hx(req3), {7}) << QList<int>{0, 100} << QByteArrayList{hx(req3)} << none << 0;
-    QTest::newRow("gap inside the preambles, then a whole frame")
-        << QByteArrayList{hx("FF FF"), hx(req3)} << QList<int>{0, 300} << QByteArrayList{hx(req3)}
-        << QList<int>{0, 0, 0, 1} << 0;
     QTest::newRow("cut frame, then a fresh one after a pause")
         << QByteArrayList{hx("FF FF FF FF FF 02 83"), hx(reqLong)} << QList<int>{0, 500} << QByteArrayList{hx(reqLong)}
         << QList<int>{0, 0, 0, 1} << 0;

@@ -6,8 +6,6 @@
 
 using namespace hartsim;
 
-Q_DECLARE_METATYPE(hartsim::Fault)
-
 namespace {
 
 // A scenario with one generic device at address 0 and the given extra text
@@ -32,8 +30,7 @@ private slots:
     void demo();
     void errors_data();
     void errors();
-    void syntaxErrorInAFile();
-    void missingFile();
+    void errorsInAFile();
     void faults_data();
     void faults();
     void applyRefusesATakenAddress();
@@ -46,10 +43,9 @@ void TestScenario::demo()
     QString error;
     QVERIFY2(scenario.loadFile(Scenario::DemoPath, &error), qPrintable(error));
     QVERIFY(scenario.hasTiming());
-    QCOMPARE(scenario.timing(), SimLine::Timing::Line);
     QCOMPARE(scenario.turnaroundMs(), 20);
-    QCOMPARE(scenario.pollingAddresses(), (QList<int>{0, 1, 2, 3}));
     QVERIFY(scenario.faults().isEmpty());
+    QCOMPARE(scenario.pollingAddresses(), (QList<int>{0, 1, 2, 3}));
 
     SimLine line;
     QVERIFY2(scenario.apply(line, &error), qPrintable(error));
@@ -57,17 +53,13 @@ void TestScenario::demo()
     QCOMPARE(line.pollingAddresses(), (QList<int>{0, 1, 2, 3}));
     const QStringList models{"TCV-C", "QP-1C", "pH-7702", "generic"};
     const QStringList tags{"TT-101", "PT-102", "AT-103", "FT-104"};
-    QSet<QByteArray> longAddresses;
     for (int address = 0; address < 4; ++address) {
         QVERIFY(line.withDevice(address, [&](SimDevice& device) {
             QCOMPARE(device.model(), models.at(address));
             QCOMPARE(device.param("tag").toString(), tags.at(address));
-            QVERIFY(!device.param("descriptor").toString().isEmpty());
             QVERIFY(!device.param("message").toString().isEmpty());
-            longAddresses.insert(device.longAddress());
         }));
     }
-    QCOMPARE(longAddresses.size(), 4);
     // The scenario gave its devices away.
     QVERIFY(scenario.pollingAddresses().isEmpty());
 }
@@ -85,8 +77,6 @@ void TestScenario::errors_data()
     QTest::newRow("no devices") << QByteArray(R"({ "timing": "fast" })") << "\"devices\"";
     QTest::newRow("devices not an array") << QByteArray(R"({ "devices": {} })") << "\"devices\" must be";
     QTest::newRow("unknown timing") << QByteArray(R"({ "timing": "slow", "devices": [] })") << "\"timing\"";
-    QTest::newRow("turnaround a string") << QByteArray(R"({ "turnaround_ms": "20", "devices": [] })")
-                                         << "\"turnaround_ms\" must be an integer";
     QTest::newRow("turnaround negative") << QByteArray(R"({ "turnaround_ms": -1, "devices": [] })")
                                          << "\"turnaround_ms\" is -1";
     QTest::newRow("device not an object") << QByteArray(R"({ "devices": [ 3 ] })") << "devices[0] must be an object";
@@ -116,9 +106,7 @@ void TestScenario::errors_data()
     QTest::newRow("key of another kind") << withFault(R"({ "kind": "delay", "delay_ms": 5, "at": 2 })")
                                          << "key \"at\" does not belong";
     QTest::newRow("noise not hexadecimal") << withFault(R"({ "kind": "noise", "noise": "zz" })") << "hexadecimal";
-    QTest::newRow("noise of half a byte") << withFault(R"({ "kind": "noise", "noise": "123" })") << "hexadecimal";
     QTest::newRow("count negative") << withFault(R"({ "kind": "burst", "count": -1 })") << "\"count\" is -1";
-    QTest::newRow("command 300") << withFault(R"({ "kind": "burst", "command": 300 })") << "outside 0..255";
     QTest::newRow("split at 0") << withFault(R"({ "kind": "split", "at": 0, "pause_ms": 1 })") << "\"at\" is 0";
     QTest::newRow("keep_data not a boolean")
         << withFault(R"({ "kind": "response_code", "code": 5, "keep_data": 1 })") << "\"keep_data\"";
@@ -147,7 +135,7 @@ void TestScenario::errors()
     QVERIFY(line.faults().isEmpty());
 }
 
-void TestScenario::syntaxErrorInAFile()
+void TestScenario::errorsInAFile()
 {
     QTemporaryDir dir;
     QVERIFY(dir.isValid());
@@ -169,70 +157,51 @@ void TestScenario::syntaxErrorInAFile()
     // The file is read, never written.
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(file.readAll().contains("\"model\": \"generic\" \"polling_address\""));
-}
 
-void TestScenario::missingFile()
-{
-    QTemporaryDir dir;
-    const QString path = dir.filePath("none.json");
-    Scenario scenario;
-    QString error;
-    QVERIFY(!scenario.loadFile(path, &error));
-    QVERIFY2(error.startsWith(path + ": cannot read"), qPrintable(error));
+    const QString missing = dir.filePath("none.json");
+    QVERIFY(!Scenario::load(missing, line, &error));
+    QVERIFY2(error.startsWith(missing + ": cannot read"), qPrintable(error));
 }
 
 void TestScenario::faults_data()
 {
     QTest::addColumn<QByteArray>("json");
-    QTest::addColumn<Fault>("expected");
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QVariantMap>("fields"); // those that differ from a fresh fault
 
-    auto make = [](Fault::Kind kind) {
-        Fault f;
-        f.kind = kind;
-        f.pollingAddress = 0;
-        return f;
-    };
-    QTest::newRow("no answer, defaults") << QByteArray(R"({ "kind": "no_answer" })") << make(Fault::NoAnswer);
-    Fault f = make(Fault::BadChecksum);
-    f.command = 3;
-    f.count = 2;
+    QTest::newRow("no answer, defaults") << QByteArray(R"({ "kind": "no_answer" })") << int(Fault::NoAnswer)
+                                         << QVariantMap();
     QTest::newRow("bad checksum on command 3, twice")
-        << QByteArray(R"({ "kind": "bad_checksum", "command": 3, "count": 2 })") << f;
-    f = make(Fault::Noise);
-    f.noise = QByteArray::fromHex("003A7E");
-    QTest::newRow("noise") << QByteArray(R"({ "kind": "noise", "noise": "00 3a 7E" })") << f;
-    f = make(Fault::Split);
-    f.command = 3;
-    f.count = 1;
-    f.at = 5;
-    f.pauseMs = 30;
+        << QByteArray(R"({ "kind": "bad_checksum", "command": 3, "count": 2 })") << int(Fault::BadChecksum)
+        << QVariantMap{{"command", 3}, {"count", 2}};
+    QTest::newRow("noise") << QByteArray(R"({ "kind": "noise", "noise": "00 3a 7E" })") << int(Fault::Noise)
+                           << QVariantMap{{"noise", QByteArray::fromHex("003A7E")}};
     QTest::newRow("split") << QByteArray(R"({ "kind": "split", "command": 3, "count": 1, "at": 5, "pause_ms": 30 })")
-                           << f;
-    f = make(Fault::Delay);
-    f.delayMs = 250;
-    QTest::newRow("delay") << QByteArray(R"({ "kind": "delay", "delay_ms": 250 })") << f;
-    QTest::newRow("wrong address") << QByteArray(R"({ "kind": "wrong_address" })") << make(Fault::WrongAddress);
-    QTest::newRow("burst") << QByteArray(R"({ "kind": "burst" })") << make(Fault::Burst);
-    f = make(Fault::ResponseCode);
-    f.code = 32;
-    QTest::newRow("response code") << QByteArray(R"({ "kind": "response_code", "code": 32 })") << f;
-    f.keepData = true;
-    f.code = 8;
+                           << int(Fault::Split)
+                           << QVariantMap{{"command", 3}, {"count", 1}, {"at", 5}, {"pauseMs", 30}};
+    QTest::newRow("delay") << QByteArray(R"({ "kind": "delay", "delay_ms": 250 })") << int(Fault::Delay)
+                           << QVariantMap{{"delayMs", 250}};
+    QTest::newRow("wrong address") << QByteArray(R"({ "kind": "wrong_address" })") << int(Fault::WrongAddress)
+                                   << QVariantMap();
+    QTest::newRow("burst") << QByteArray(R"({ "kind": "burst" })") << int(Fault::Burst) << QVariantMap();
+    QTest::newRow("response code") << QByteArray(R"({ "kind": "response_code", "code": 32 })")
+                                   << int(Fault::ResponseCode) << QVariantMap{{"code", 32}};
     QTest::newRow("response code keeping data")
-        << QByteArray(R"({ "kind": "response_code", "code": 8, "keep_data": true })") << f;
-    f = make(Fault::Preambles);
-    f.preambles = 20;
-    QTest::newRow("preambles") << QByteArray(R"({ "kind": "preambles", "preambles": 20 })") << f;
-    QTest::newRow("wrong command") << QByteArray(R"({ "kind": "wrong_command" })") << make(Fault::WrongCommand);
-    f = make(Fault::Truncate);
-    f.length = 7;
-    QTest::newRow("truncate") << QByteArray(R"({ "kind": "truncate", "length": 7 })") << f;
+        << QByteArray(R"({ "kind": "response_code", "code": 8, "keep_data": true })") << int(Fault::ResponseCode)
+        << QVariantMap{{"code", 8}, {"keepData", true}};
+    QTest::newRow("preambles") << QByteArray(R"({ "kind": "preambles", "preambles": 20 })") << int(Fault::Preambles)
+                               << QVariantMap{{"preambles", 20}};
+    QTest::newRow("wrong command") << QByteArray(R"({ "kind": "wrong_command" })") << int(Fault::WrongCommand)
+                                   << QVariantMap();
+    QTest::newRow("truncate") << QByteArray(R"({ "kind": "truncate", "length": 7 })") << int(Fault::Truncate)
+                              << QVariantMap{{"length", 7}};
 }
 
 void TestScenario::faults()
 {
     QFETCH(QByteArray, json);
-    QFETCH(Fault, expected);
+    QFETCH(int, kind);
+    QFETCH(QVariantMap, fields);
 
     const QByteArray text = R"({ "devices": [ { "model": "generic", "polling_address": 1 },
                                              { "model": "generic", "polling_address": 0, "device_id": 7,
@@ -242,24 +211,23 @@ void TestScenario::faults()
     QString error;
     QVERIFY2(scenario.loadJson(text, "test.json", &error), qPrintable(error));
     QCOMPARE(scenario.faults().size(), 1);
-
     SimLine line;
     QVERIFY2(scenario.apply(line, &error), qPrintable(error));
-    const QList<Fault> faults = line.faults();
-    QCOMPARE(faults.size(), 1);
-    const Fault& f = faults.first();
-    QCOMPARE(f.kind, expected.kind);
-    QCOMPARE(f.pollingAddress, expected.pollingAddress);
-    QCOMPARE(f.command, expected.command);
-    QCOMPARE(f.count, expected.count);
-    QCOMPARE(f.noise, expected.noise);
-    QCOMPARE(f.at, expected.at);
-    QCOMPARE(f.pauseMs, expected.pauseMs);
-    QCOMPARE(f.delayMs, expected.delayMs);
-    QCOMPARE(f.code, expected.code);
-    QCOMPARE(f.keepData, expected.keepData);
-    QCOMPARE(f.preambles, expected.preambles);
-    QCOMPARE(f.length, expected.length);
+    QCOMPARE(line.faults().size(), 1);
+    const Fault f = line.faults().first();
+    const Fault fresh;
+    QCOMPARE(int(f.kind), kind);
+    QCOMPARE(f.pollingAddress, 0);
+    QCOMPARE(f.command, fields.value("command", fresh.command).toInt());
+    QCOMPARE(f.count, fields.value("count", fresh.count).toInt());
+    QCOMPARE(f.noise, fields.value("noise", fresh.noise).toByteArray());
+    QCOMPARE(f.at, fields.value("at", fresh.at).toInt());
+    QCOMPARE(f.pauseMs, fields.value("pauseMs", fresh.pauseMs).toInt());
+    QCOMPARE(f.delayMs, fields.value("delayMs", fresh.delayMs).toInt());
+    QCOMPARE(f.code, fields.value("code", fresh.code).toInt());
+    QCOMPARE(f.keepData, fields.value("keepData", fresh.keepData).toBool());
+    QCOMPARE(f.preambles, fields.value("preambles", fresh.preambles).toInt());
+    QCOMPARE(f.length, fields.value("length", fresh.length).toInt());
 }
 
 void TestScenario::applyRefusesATakenAddress()

@@ -1,237 +1,181 @@
-#include "debugqt.h"
 #include "defaultdevicewidget.h"
-#include "deviceline.h"
-#include "modalanswerer.h"
+#include "editorfixture.h"
 #include "modelline.h"
-#include "statuswidget.h"
 
 #include <QComboBox>
-#include <QDoubleSpinBox>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTableWidget>
-#include <QtTest>
 
 // The editor of any HART device against a simulated HART 7 device at polling
 // address 3 and a HART 5 device at 5.
-class TestDefaultDeviceWidget : public QObject
+class TestDefaultDeviceWidget : public QObject, public EditorFixture<DefaultDeviceWidget>
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanup();
-    void readConfiguration_data();
-    void readConfiguration();
-    void write_data();
-    void write();
-    void currentAdjustment_data();
-    void currentAdjustment();
+    void initTestCase()
+    {
+        QVERIFY(startLine({{"generic", {{"polling_address", 3}}}, {"hart5", {{"polling_address", 5}}}}));
+    }
+
+    void cleanup()
+    {
+        closeEditor();
+        const QVariantMap defaults = {{"SV_dev_variable_code", 1},
+                                      {"QV_dev_variable_code", 3},
+                                      {"var_0_unit", 12},
+                                      {"range_unit_code", 12},
+                                      {"fixed_current", 0.0}};
+        for (auto it = defaults.cbegin(); it != defaults.cend(); ++it)
+            line.sim.setParam(3, it.key(), it.value());
+    }
+
+    void readConfiguration_data()
+    {
+        QTest::addColumn<int>("address");
+        QTest::addColumn<QString>("variable"); // the dynamic variable given a code, or none
+        QTest::addColumn<int>("code");
+        QTest::addColumn<int>("emptyAnswer"); // a command answered without data, or -1
+        QTest::addColumn<QList<int>>("sent");
+        QTest::addColumn<int>("rows");
+
+        const QList<int> all = {8, 3, 50, 9, 14, 15};
+        QTest::newRow("HART 7") << 3 << "SV" << 1 << -1 << all << 4;
+        QTest::newRow("QV unknown") << 3 << "QV" << 252 << -1 << all << 4;
+        QTest::newRow("SV not used") << 3 << "SV" << 250 << -1 << all << 4;
+        QTest::newRow("no variable in the answer") << 3 << "SV" << 1 << 9 << all << 4;
+        // Revision 5 has neither classes nor device variables to ask for.
+        QTest::newRow("HART 5") << 5 << "SV" << 1 << -1 << QList<int>{3, 50, 14, 15} << 0;
+    }
+
+    void readConfiguration()
+    {
+        QFETCH(int, address);
+        QFETCH(QString, variable);
+        QFETCH(int, code);
+        QFETCH(int, emptyAnswer);
+        QFETCH(int, rows);
+
+        line.sim.setParam(address, variable + "_dev_variable_code", code);
+        if (emptyAnswer >= 0)
+            line.sim.addFault(address, ::emptyAnswer(emptyAnswer));
+        open(address);
+        QVERIFY(green());
+        QTEST(commands(48), "sent");
+
+        auto* box = child<QComboBox>("cmb" + variable + "DevVariable");
+        QCOMPARE(box->currentData().toInt(), code);
+        QCOMPARE(box->isEnabled(), code < 250);
+        QVERIFY(!box->isHidden());
+        // Every variable has its row and its code, whatever the answer held.
+        auto* table = child<QTableWidget>("tableWidgetDV");
+        QCOMPARE(table->rowCount(), rows);
+        for (int row = 0; row < rows; ++row) {
+            QCOMPARE(table->item(row, 0)->data(Qt::UserRole).toInt(), row);
+            QCOMPARE(table->item(row, 1)->text().isEmpty(), emptyAnswer == 9);
+        }
+        if (rows == 0)
+            return;
+        // A row asks the device for its variable.
+        clearLog();
+        table->setCurrentCell(1, 0);
+        QVERIFY(green());
+        QCOMPARE(commands(48), QList<int>{54});
+        QCOMPARE(child<QLineEdit>("txtDevVariableFamily")->text(), QString("Temperature"));
+    }
+
+    void write_data()
+    {
+        QTest::addColumn<int>("row");           // the device variable chosen first, or -1
+        QTest::addColumn<QVariantMap>("edits"); // box to the code chosen in it
+        QTest::addColumn<QList<int>>("sent");
+
+        // New units of a variable rebuild the table and read the variable again.
+        QTest::newRow("variable units") << 0 << QVariantMap{{"cmbDevVariableUnits", 237}} << QList<int>{53, 9, 54};
+        // One more step for both: the new mapping, and with new units the
+        // table, the sensor and the range of the primary variable.
+        QTest::newRow("PV units and mapping") << -1 << QVariantMap{{"cmbInputUnits", 237}, {"cmbSVDevVariable", 2}}
+                                              << QList<int>{44, 51, 3, 8, 9, 14, 15};
+    }
+
+    void write()
+    {
+        QFETCH(int, row);
+        QFETCH(QVariantMap, edits);
+
+        open(3);
+        auto* table = child<QTableWidget>("tableWidgetDV");
+        if (row >= 0)
+            table->setCurrentCell(row, 0);
+        for (auto it = edits.cbegin(); it != edits.cend(); ++it) {
+            auto* box = child<QComboBox>(it.key());
+            box->setCurrentIndex(box->findData(it.value()));
+            QVERIFY(DeviceWidget::isFieldModified(box));
+        }
+        clearLog();
+        QSignalSpy bar(editor.data(), &DeviceWidget::init_progress_bar);
+        clickAnswering("btnWriteCfgInDevice", {QMessageBox::Yes});
+        QVERIFY(green());
+        QTEST(commands(48), "sent");
+        QCOMPARE(bar.first().at(1).toInt(), int(edits.size()) + 1);
+        QVERIFY(editor->writeParameters().isEmpty());
+        QCOMPARE(line.sim.param(3, "var_0_unit").toInt(), 237);
+        QCOMPARE(table->item(0, 3)->text(), QString("MPa"));
+        QCOMPARE(table->currentRow(), row);
+    }
+
+    void currentAdjustment_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<double>("measured");
+        QTest::addColumn<QVariantList>("answers");
+        QTest::addColumn<QStringList>("questions");
+        QTest::addColumn<QList<int>>("sent");
+
+        const QStringList lower = {
+            "4mA adjustment|Have you set fixed loop current value at 4 mA ?",
+            "4mA adjustment|Do you really want to set the measured current value=4.01 as 4 mA ?"};
+        const QStringList upper = {
+            "20mA adjustment|Have you set fixed loop current value at 20 mA ?",
+            "20mA adjustment|Do you really want to set the measured current value =20.02 as 20 mA ?"};
+        const QVariantList yes = {QMessageBox::Yes, QMessageBox::Yes, QMessageBox::Ok};
+        QTest::newRow("4 mA") << "btnAdjust4mA" << 4.01 << yes << lower << QList<int>{45};
+        // The 20 mA button runs the 4 mA adjustment too, with the value measured.
+        QTest::newRow("20 mA") << "btnAdjust20mA" << 20.02 << yes << upper << QList<int>{45};
+        QTest::newRow("20 mA, not fixed")
+            << "btnAdjust20mA" << 20.02 << QVariantList{QMessageBox::Cancel} << upper.mid(0, 1) << QList<int>();
+    }
+
+    void currentAdjustment()
+    {
+        QFETCH(QString, button);
+        QFETCH(double, measured);
+        QFETCH(QVariantList, answers);
+        QFETCH(QList<int>, sent);
+
+        open(3);
+        line.sim.setParam(3, "fixed_current", 4.0);
+        child<QDoubleSpinBox>("dspnMeasuringCurrent")->setValue(measured);
+        clearLog();
+        QTEST(clickAnswering(button, answers).mid(0, 2), "questions");
+        QCOMPARE(commands(48), sent);
+        if (sent.isEmpty())
+            return;
+        // The device takes a 4 mA adjustment near 4 mA only.
+        QCOMPARE(green(), measured < 5);
+        QCOMPARE(line.sim.line().requests().first().data, Port::getBufferFromFloat(float(measured)));
+    }
 
 private:
-    template <class T>
-    T* child(const QString& name) const
+    // The editor on the device at the address, identified, with its
+    // configuration read. Command 48 follows a change of the device's
+    // status, whatever was sent: the tests leave it out.
+    void open(int address)
     {
-        return m_editor->findChild<T*>(name);
+        QVERIFY(openEditor(address, QStringLiteral("General")));
+        click("btnReadCfgFromDevice");
     }
-    void click(const QString& button) { child<QPushButton>(button)->click(); }
-    bool green() const { return m_editor->statusWidget()->errorText().contains("completed successfully"); }
-    QList<int> commands();
-    // The editor on the device at the address, identified, with its configuration read.
-    void open(int address);
-
-    DeviceLine m_line;
-    Device* m_device = nullptr;
-    QScopedPointer<DefaultDeviceWidget> m_editor;
 };
-
-void TestDefaultDeviceWidget::initTestCase()
-{
-    DebugQt::instance(0, nullptr);
-    QVERIFY(m_line.start({{"generic", {{"polling_address", 3}}}, {"hart5", {{"polling_address", 5}}}}));
-    m_line.port->hart().setByteTimeout(20);
-}
-
-void TestDefaultDeviceWidget::cleanup()
-{
-    m_editor.reset();
-    m_line.port->removeDevice(m_device->name());
-    m_line.sim.line().clearFaults();
-    const QVariantMap defaults = {{"SV_dev_variable_code", 1},
-                                  {"QV_dev_variable_code", 3},
-                                  {"var_0_unit", 12},
-                                  {"range_unit_code", 12},
-                                  {"fixed_current", 0.0}};
-    for (auto it = defaults.cbegin(); it != defaults.cend(); ++it)
-        m_line.sim.setParam(3, it.key(), it.value());
-}
-
-QList<int> TestDefaultDeviceWidget::commands()
-{
-    // Command 48 follows a change of the device's status, whatever was sent.
-    QList<int> list;
-    for (const hartsim::RequestRecord& record : m_line.sim.line().requests()) {
-        if (record.command != 48)
-            list << record.command;
-    }
-    return list;
-}
-
-void TestDefaultDeviceWidget::open(int address)
-{
-    m_device = m_line.addDevice(address, QStringLiteral("General"));
-    QVERIFY(m_device->readDevice(0));
-    m_editor.reset(new DefaultDeviceWidget);
-    m_editor->setItem(m_device);
-    m_editor->onUpdateButtons(true);
-    m_line.sim.line().clearLog();
-    click("btnReadCfgFromDevice");
-}
-
-void TestDefaultDeviceWidget::readConfiguration_data()
-{
-    QTest::addColumn<int>("address");
-    QTest::addColumn<QString>("variable"); // the dynamic variable given a code, or none
-    QTest::addColumn<int>("code");
-    QTest::addColumn<int>("emptyAnswer"); // a command answered without data, or -1
-    QTest::addColumn<QList<int>>("sent");
-    QTest::addColumn<int>("rows");
-
-    const QList<int> all = {8, 3, 50, 9, 14, 15};
-    QTest::newRow("HART 7") << 3 << "SV" << 1 << -1 << all << 4;
-    QTest::newRow("QV unknown") << 3 << "QV" << 252 << -1 << all << 4;
-    QTest::newRow("SV not used") << 3 << "SV" << 250 << -1 << all << 4;
-    QTest::newRow("no variable in the answer") << 3 << "SV" << 1 << 9 << all << 4;
-    // Revision 5 has neither classes nor device variables to ask for.
-    QTest::newRow("HART 5") << 5 << "SV" << 1 << -1 << QList<int>{3, 50, 14, 15} << 0;
-}
-
-void TestDefaultDeviceWidget::readConfiguration()
-{
-    QFETCH(int, address);
-    QFETCH(QString, variable);
-    QFETCH(int, code);
-    QFETCH(int, emptyAnswer);
-    QFETCH(QList<int>, sent);
-    QFETCH(int, rows);
-
-    m_line.sim.setParam(address, variable + "_dev_variable_code", code);
-    if (emptyAnswer >= 0)
-        m_line.sim.addFault(address, ::emptyAnswer(emptyAnswer));
-    open(address);
-    QVERIFY(green());
-    QCOMPARE(commands(), sent);
-
-    auto* box = child<QComboBox>("cmb" + variable + "DevVariable");
-    QCOMPARE(box->currentData().toInt(), code);
-    QCOMPARE(box->isEnabled(), code < 250);
-    QVERIFY(!box->isHidden());
-    // Every variable has its row and its code, whatever the answer held.
-    auto* table = child<QTableWidget>("tableWidgetDV");
-    QCOMPARE(table->rowCount(), rows);
-    for (int row = 0; row < rows; ++row) {
-        QCOMPARE(table->item(row, 0)->data(Qt::UserRole).toInt(), row);
-        QCOMPARE(table->item(row, 1)->text().isEmpty(), emptyAnswer == 9);
-    }
-    if (rows == 0)
-        return;
-    // A row asks the device for its variable.
-    m_line.sim.line().clearLog();
-    table->setCurrentCell(1, 0);
-    QVERIFY(green());
-    QCOMPARE(commands(), QList<int>{54});
-    QCOMPARE(child<QLineEdit>("txtDevVariableFamily")->text(), QString("Temperature"));
-}
-
-void TestDefaultDeviceWidget::write_data()
-{
-    QTest::addColumn<int>("row");           // the device variable chosen first, or -1
-    QTest::addColumn<QVariantMap>("edits"); // box to the code chosen in it
-    QTest::addColumn<QList<int>>("sent");
-
-    // New units of a variable rebuild the table and read the variable again.
-    QTest::newRow("variable units") << 0 << QVariantMap{{"cmbDevVariableUnits", 237}} << QList<int>{53, 9, 54};
-    // One more step for both: the new mapping, and with new units the
-    // table, the sensor and the range of the primary variable.
-    QTest::newRow("PV units and mapping")
-        << -1 << QVariantMap{{"cmbInputUnits", 237}, {"cmbSVDevVariable", 2}} << QList<int>{44, 51, 3, 8, 9, 14, 15};
-}
-
-void TestDefaultDeviceWidget::write()
-{
-    QFETCH(int, row);
-    QFETCH(QVariantMap, edits);
-    QFETCH(QList<int>, sent);
-
-    open(3);
-    auto* table = child<QTableWidget>("tableWidgetDV");
-    if (row >= 0)
-        table->setCurrentCell(row, 0);
-    for (auto it = edits.cbegin(); it != edits.cend(); ++it) {
-        auto* box = child<QComboBox>(it.key());
-        box->setCurrentIndex(box->findData(it.value()));
-        QVERIFY(DeviceWidget::isFieldModified(box));
-    }
-    m_line.sim.line().clearLog();
-    QSignalSpy bar(m_editor.data(), &DeviceWidget::init_progress_bar);
-    {
-        ModalAnswerer yes({QMessageBox::Yes});
-        click("btnWriteCfgInDevice");
-    }
-    QVERIFY(green());
-    QCOMPARE(commands(), sent);
-    QCOMPARE(bar.first().at(1).toInt(), int(edits.size()) + 1);
-    QVERIFY(m_editor->writeParameters().isEmpty());
-    QCOMPARE(m_line.sim.param(3, "var_0_unit").toInt(), 237);
-    QCOMPARE(table->item(0, 3)->text(), QString("MPa"));
-    QCOMPARE(table->currentRow(), row);
-}
-
-void TestDefaultDeviceWidget::currentAdjustment_data()
-{
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<double>("measured");
-    QTest::addColumn<QVariantList>("answers");
-    QTest::addColumn<QStringList>("questions");
-    QTest::addColumn<QList<int>>("sent");
-
-    const QStringList lower = {"4mA adjustment|Have you set fixed loop current value at 4 mA ?",
-                               "4mA adjustment|Do you really want to set the measured current value=4.01 as 4 mA ?"};
-    const QStringList upper = {
-        "20mA adjustment|Have you set fixed loop current value at 20 mA ?",
-        "20mA adjustment|Do you really want to set the measured current value =20.02 as 20 mA ?"};
-    const QVariantList yes = {QMessageBox::Yes, QMessageBox::Yes, QMessageBox::Ok};
-    QTest::newRow("4 mA") << "btnAdjust4mA" << 4.01 << yes << lower << QList<int>{45};
-    // The 20 mA button runs the 4 mA adjustment too, with the value measured.
-    QTest::newRow("20 mA") << "btnAdjust20mA" << 20.02 << yes << upper << QList<int>{45};
-    QTest::newRow("20 mA, not fixed") << "btnAdjust20mA" << 20.02 << QVariantList{QMessageBox::Cancel}
-                                      << upper.mid(0, 1) << QList<int>();
-}
-
-void TestDefaultDeviceWidget::currentAdjustment()
-{
-    QFETCH(QString, button);
-    QFETCH(double, measured);
-    QFETCH(QVariantList, answers);
-    QFETCH(QStringList, questions);
-    QFETCH(QList<int>, sent);
-
-    open(3);
-    m_line.sim.setParam(3, "fixed_current", 4.0);
-    child<QDoubleSpinBox>("dspnMeasuringCurrent")->setValue(measured);
-    m_line.sim.line().clearLog();
-    {
-        ModalAnswerer answerer(answers);
-        click(button);
-        QCOMPARE(answerer.seen().mid(0, 2), questions);
-    }
-    QCOMPARE(commands(), sent);
-    if (sent.isEmpty())
-        return;
-    // The device takes a 4 mA adjustment near 4 mA only.
-    QCOMPARE(green(), measured < 5);
-    QCOMPARE(m_line.sim.line().requests().first().data, Port::getBufferFromFloat(float(measured)));
-}
 
 QTEST_MAIN(TestDefaultDeviceWidget)
 #include "tst_defaultdevicewidget.moc"

@@ -20,12 +20,67 @@ class TestDeviceAddDialog : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-    void rows();
-    void okFollowsTicks();
-    void selectionBySortedRows_data();
-    void selectionBySortedRows();
+    void init()
+    {
+        m_dialog = new DeviceAddDialog;
+        m_table = m_dialog->findChild<QTableWidget*>(QStringLiteral("tableWidget"));
+        QVERIFY(m_table);
+    }
+
+    void cleanup() { delete m_dialog; }
+
+    void rows()
+    {
+        QCOMPARE(m_table->rowCount(), 5);
+        QCOMPARE(m_table->columnCount(), 5);
+        const QStringList heads = {"Name", "Template", "Producer", "Description", "Version"};
+        for (int column = 0; column < heads.size(); ++column)
+            QCOMPARE(m_table->horizontalHeaderItem(column)->text(), heads.at(column));
+        for (int row = 0; row < Ids.size(); ++row) {
+            QCOMPARE(m_table->item(row, 0)->data(Qt::UserRole).toString(), Ids.at(row));
+            QCOMPARE(m_table->item(row, 0)->checkState(), Qt::Unchecked);
+            for (int column = 0; column < m_table->columnCount(); ++column)
+                QVERIFY(!(m_table->item(row, column)->flags() & Qt::ItemIsEditable));
+        }
+        QCOMPARE(m_table->item(4, 3)->text(), QStringLiteral("Only universal and common (partly) functions"));
+    }
+
+    void okFollowsTicks()
+    {
+        QVERIFY(!okButton()->isEnabled());
+        nameItem("DX-C")->setCheckState(Qt::Checked);
+        QVERIFY(okButton()->isEnabled());
+        nameItem("General")->setCheckState(Qt::Checked);
+        nameItem("DX-C")->setCheckState(Qt::Unchecked);
+        QVERIFY(okButton()->isEnabled());
+        nameItem("General")->setCheckState(Qt::Unchecked);
+        QVERIFY(!okButton()->isEnabled());
+    }
+
+    void selectionBySortedRows_data()
+    {
+        QTest::addColumn<int>("column");
+        QTest::addColumn<QStringList>("ticked");
+        QTest::addColumn<Selection>("selection");
+        QTest::newRow("by description, descending") << 3 << QStringList{"QP-1C"} << Selection{{"QP-1C", "QP-1C"}};
+        QTest::newRow("by name, several")
+            << 0 << QStringList{"pH-7702", "TCV-C", "General"}
+            << Selection{{"pH-7702", "pH-7702"}, {"TCV-C", "TCV-C"}, {"General", "General"}};
+    }
+
+    void selectionBySortedRows()
+    {
+        QFETCH(int, column);
+        QFETCH(QStringList, ticked);
+        m_table->sortByColumn(column, Qt::DescendingOrder);
+        QStringList order;
+        for (int row = 0; row < m_table->rowCount(); ++row)
+            order << m_table->item(row, 0)->text();
+        QVERIFY2(order != Ids, qPrintable(order.join(' '))); // the rows did move
+        for (const QString& name : ticked)
+            nameItem(name)->setCheckState(Qt::Checked);
+        QTEST(m_dialog->userSelection(), "selection");
+    }
 
 private:
     // The row of the table that shows text in the first column.
@@ -46,71 +101,6 @@ private:
     DeviceAddDialog* m_dialog = nullptr;
     QTableWidget* m_table = nullptr;
 };
-
-void TestDeviceAddDialog::init()
-{
-    m_dialog = new DeviceAddDialog;
-    m_table = m_dialog->findChild<QTableWidget*>(QStringLiteral("tableWidget"));
-    QVERIFY(m_table);
-}
-
-void TestDeviceAddDialog::cleanup()
-{
-    delete m_dialog;
-}
-
-void TestDeviceAddDialog::rows()
-{
-    QCOMPARE(m_table->rowCount(), 5);
-    QCOMPARE(m_table->columnCount(), 5);
-    const QStringList heads = {"Name", "Template", "Producer", "Description", "Version"};
-    for (int column = 0; column < heads.size(); ++column)
-        QCOMPARE(m_table->horizontalHeaderItem(column)->text(), heads.at(column));
-    for (int row = 0; row < Ids.size(); ++row) {
-        QCOMPARE(m_table->item(row, 0)->data(Qt::UserRole).toString(), Ids.at(row));
-        QCOMPARE(m_table->item(row, 0)->checkState(), Qt::Unchecked);
-        for (int column = 0; column < m_table->columnCount(); ++column)
-            QVERIFY(!(m_table->item(row, column)->flags() & Qt::ItemIsEditable));
-    }
-    QCOMPARE(m_table->item(4, 3)->text(), QStringLiteral("Only universal and common (partly) functions"));
-}
-
-void TestDeviceAddDialog::okFollowsTicks()
-{
-    QVERIFY(!okButton()->isEnabled());
-    nameItem("DX-C")->setCheckState(Qt::Checked);
-    QVERIFY(okButton()->isEnabled());
-    nameItem("General")->setCheckState(Qt::Checked);
-    nameItem("DX-C")->setCheckState(Qt::Unchecked);
-    QVERIFY(okButton()->isEnabled());
-    nameItem("General")->setCheckState(Qt::Unchecked);
-    QVERIFY(!okButton()->isEnabled());
-}
-
-void TestDeviceAddDialog::selectionBySortedRows_data()
-{
-    QTest::addColumn<int>("column");
-    QTest::addColumn<QStringList>("ticked");
-    QTest::addColumn<Selection>("selection");
-    QTest::newRow("by description, descending") << 3 << QStringList{"QP-1C"} << Selection{{"QP-1C", "QP-1C"}};
-    QTest::newRow("by name, several") << 0 << QStringList{"pH-7702", "TCV-C", "General"}
-                                      << Selection{{"pH-7702", "pH-7702"}, {"TCV-C", "TCV-C"}, {"General", "General"}};
-}
-
-void TestDeviceAddDialog::selectionBySortedRows()
-{
-    QFETCH(int, column);
-    QFETCH(QStringList, ticked);
-    QFETCH(Selection, selection);
-    m_table->sortByColumn(column, Qt::DescendingOrder);
-    QStringList order;
-    for (int row = 0; row < m_table->rowCount(); ++row)
-        order << m_table->item(row, 0)->text();
-    QVERIFY2(order != Ids, qPrintable(order.join(' '))); // the rows did move
-    for (const QString& name : ticked)
-        nameItem(name)->setCheckState(Qt::Checked);
-    QCOMPARE(m_dialog->userSelection(), selection);
-}
 
 QTEST_MAIN(TestDeviceAddDialog)
 #include "tst_deviceadddialog.moc"

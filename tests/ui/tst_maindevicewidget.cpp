@@ -1,12 +1,7 @@
-#include "debugqt.h"
 #include "defaultdevicewidget.h"
-#include "deviceline.h"
-#include "modalanswerer.h"
+#include "editorfixture.h"
 
-#include <QComboBox>
-#include <QDoubleSpinBox>
 #include <QSpinBox>
-#include <QtTest>
 
 // An editor with four configuration fields of three write functions: damping
 // (34), the range's edges (both 35) and the preambles (59).
@@ -39,104 +34,93 @@ public:
     QSpinBox preambles;
 };
 
-class TestMainDeviceWidget : public QObject
+class TestMainDeviceWidget : public QObject, public EditorFixture<Editor>
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void writeList_data();
-    void writeList();
-
-private:
-    DeviceLine m_line;
-    Device* m_device = nullptr;
-};
-
-void TestMainDeviceWidget::initTestCase()
-{
-    DebugQt::instance(0, nullptr);
-    QVERIFY(m_line.start({{"generic", {{"polling_address", 0}}}}));
-    m_line.port->hart().setByteTimeout(20);
-    m_device = m_line.addDevice(0, QStringLiteral("General"));
-    QVERIFY(m_device->readDevice(0) && m_device->readDevice(15) && m_device->readDevice(0));
-    m_device->setDeviceInfo("preambles_count", 5);
-}
-
-void TestMainDeviceWidget::writeList_data()
-{
-    QTest::addColumn<QStringList>("edited");
-    QTest::addColumn<QString>("disabled");
-    QTest::addColumn<int>("lost"); // a write the device does not answer, once
-    QTest::addColumn<QList<int>>("list");
-    QTest::addColumn<QStringList>("blueAfter");
-
-    QTest::newRow("range last, whatever the numbers") << QStringList{"range_max", "preambles_count", "damping_time"}
-                                                      << "" << -1 << QList<int>{34, 59, 35} << QStringList();
-    QTest::newRow("two fields of one write")
-        << QStringList{"range_max", "range_min"} << "" << -1 << QList<int>{35} << QStringList();
-    QTest::newRow("a failure in the middle") << QStringList{"range_max", "preambles_count", "damping_time"} << "" << 59
-                                             << QList<int>{34, 59, 35} << QStringList{"preambles_count", "range_max"};
-    QTest::newRow("a disabled blue field")
-        << QStringList{"range_min"} << "range_min" << -1 << QList<int>{35} << QStringList();
-}
-
-void TestMainDeviceWidget::writeList()
-{
-    QFETCH(QStringList, edited);
-    QFETCH(QString, disabled);
-    QFETCH(int, lost);
-    QFETCH(QList<int>, list);
-    QFETCH(QStringList, blueAfter);
-
-    Editor editor;
-    editor.setItem(m_device);
-    editor.showAll();
-    const float rangeMin = m_device->getDeviceInfoFloat("range_min");
-    for (const QString& name : edited) {
-        if (auto* spin = qobject_cast<QDoubleSpinBox*>(editor.field(name)))
-            spin->setValue(spin->value() + 1);
-        else if (auto* count = qobject_cast<QSpinBox*>(editor.field(name)))
-            count->setValue(count->value() < 20 ? count->value() + 1 : 5);
-    }
-    if (!disabled.isEmpty())
-        editor.field(disabled)->setEnabled(false);
-    if (lost >= 0) {
-        hartsim::Fault fault;
-        fault.command = lost;
-        fault.count = 1;
-        m_line.sim.addFault(0, fault);
-    }
-    m_line.sim.line().clearLog();
+    void initTestCase()
     {
-        ModalAnswerer yes({QMessageBox::Yes, QMessageBox::Ok}); // the question, and a failure's box
-        const QList<int> functions = editor.getWriteFunctionsList();
-        QCOMPARE(functions, list);
-        editor.execWriteFunctionsByList(functions, false);
+        QVERIFY(startLine({{"generic", {{"polling_address", 0}}}}));
+        device = line.addDevice(0, QStringLiteral("General"));
+        QVERIFY(device->readDevice(0) && device->readDevice(15) && device->readDevice(0));
+        device->setDeviceInfo("preambles_count", 5);
+    }
+    void cleanup() { editor.reset(); }
+
+    void writeList_data()
+    {
+        QTest::addColumn<QStringList>("edited");
+        QTest::addColumn<QString>("disabled");
+        QTest::addColumn<int>("lost"); // a write the device does not answer, once
+        QTest::addColumn<QList<int>>("list");
+        QTest::addColumn<QStringList>("blueAfter");
+
+        QTest::newRow("range last, whatever the numbers") << QStringList{"range_max", "preambles_count", "damping_time"}
+                                                          << QString() << -1 << QList<int>{34, 59, 35} << QStringList();
+        QTest::newRow("two fields of one write")
+            << QStringList{"range_max", "range_min"} << "" << -1 << QList<int>{35} << QStringList();
+        QTest::newRow("a failure in the middle")
+            << QStringList{"range_max", "preambles_count", "damping_time"} << "" << 59 << QList<int>{34, 59, 35}
+            << QStringList{"preambles_count", "range_max"};
+        QTest::newRow("a disabled blue field")
+            << QStringList{"range_min"} << "range_min" << -1 << QList<int>{35} << QStringList();
     }
 
-    QList<int> sent;
-    for (const hartsim::RequestRecord& record : m_line.sim.line().requests())
-        sent << record.command;
-    QCOMPARE(sent, lost >= 0 ? list.mid(0, list.indexOf(lost) + 1) : list);
-    QStringList blue = editor.writeParameters().values();
-    blue.sort();
-    std::sort(blueAfter.begin(), blueAfter.end());
-    QCOMPARE(blue, blueAfter);
-    for (const QString& name : blueAfter)
-        QVERIFY(DeviceWidget::isFieldModified(editor.field(name)));
-    if (!disabled.isEmpty()) // written with the value the device held
-        QCOMPARE(m_line.sim.param(0, "range_min").toFloat(), rangeMin);
-    if (blueAfter.isEmpty())
-        return;
-    // A second press writes exactly what is still blue.
-    m_line.sim.line().clearLog();
-    ModalAnswerer yes({QMessageBox::Yes});
-    const QList<int> again = editor.getWriteFunctionsList();
-    QCOMPARE(again, (QList<int>{59, 35}));
-    editor.execWriteFunctionsByList(again, false);
-    QVERIFY(editor.writeParameters().isEmpty());
-}
+    void writeList()
+    {
+        QFETCH(QStringList, edited);
+        QFETCH(QString, disabled);
+        QFETCH(int, lost);
+        QFETCH(QList<int>, list);
+        QFETCH(QStringList, blueAfter);
+
+        editor.reset(new Editor);
+        editor->setItem(device);
+        editor->showAll();
+        const float rangeMin = device->getDeviceInfoFloat("range_min");
+        for (const QString& name : edited) {
+            if (auto* spin = qobject_cast<QDoubleSpinBox*>(editor->field(name)))
+                spin->setValue(spin->value() + 1);
+            else if (auto* count = qobject_cast<QSpinBox*>(editor->field(name)))
+                count->setValue(count->value() < 20 ? count->value() + 1 : 5);
+        }
+        if (!disabled.isEmpty())
+            editor->field(disabled)->setEnabled(false);
+        if (lost >= 0) {
+            hartsim::Fault fault;
+            fault.command = lost;
+            fault.count = 1;
+            line.sim.addFault(0, fault);
+        }
+        clearLog();
+        {
+            ModalAnswerer yes({QMessageBox::Yes, QMessageBox::Ok}); // the question, and a failure's box
+            const QList<int> functions = editor->getWriteFunctionsList();
+            QCOMPARE(functions, list);
+            editor->execWriteFunctionsByList(functions, false);
+        }
+
+        QCOMPARE(commands(), lost >= 0 ? list.mid(0, list.indexOf(lost) + 1) : list);
+        QStringList blue = editor->writeParameters().values();
+        blue.sort();
+        std::sort(blueAfter.begin(), blueAfter.end());
+        QCOMPARE(blue, blueAfter);
+        for (const QString& name : blueAfter)
+            QVERIFY(DeviceWidget::isFieldModified(editor->field(name)));
+        if (!disabled.isEmpty()) // written with the value the device held
+            QCOMPARE(line.sim.param(0, "range_min").toFloat(), rangeMin);
+        if (blueAfter.isEmpty())
+            return;
+        // A second press writes exactly what is still blue.
+        clearLog();
+        ModalAnswerer yes({QMessageBox::Yes});
+        const QList<int> again = editor->getWriteFunctionsList();
+        QCOMPARE(again, (QList<int>{59, 35}));
+        editor->execWriteFunctionsByList(again, false);
+        QVERIFY(editor->writeParameters().isEmpty());
+    }
+};
 
 QTEST_MAIN(TestMainDeviceWidget)
 #include "tst_maindevicewidget.moc"

@@ -27,22 +27,193 @@ class TestRTUPortEditor : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
-    void init();
-    void cleanup();
-    void nameOfAnotherPortRefused_data();
-    void nameOfAnotherPortRefused();
-    void typedPathStored();
-    void unlistedNameKept();
-    void lineBoxes_data();
-    void lineBoxes();
-    void spinBoxes_data();
-    void spinBoxes();
-    void uncheckingClosePortClosesIt();
-    void check_data();
-    void check();
-    void polledDevicesLockTheLine();
+    void initTestCase()
+    {
+        DebugQt::instance(0x8ED0001, nullptr);
+        QString error;
+        QVERIFY2(m_sim.start({{"generic", {{"polling_address", 0}}}}, &error), qPrintable(error));
+    }
+
+    void cleanupTestCase() { m_sim.stop(); }
+
+    void init()
+    {
+        m_server = new Server;
+        m_port = m_server->addPort(QStringLiteral("Port 0"));
+        QVERIFY(m_port->setSerialName(OwnName));
+        QVERIFY(m_server->addPort(QStringLiteral("Port 1"))->setSerialName(OtherName));
+        m_editor = new RTUPortEditor;
+        m_editor->setItem(m_port);
+    }
+
+    void cleanup()
+    {
+        delete m_editor;
+        delete m_server;
+    }
+
+    void serialName_data()
+    {
+        QTest::addColumn<bool>("typed"); // typed and confirmed, or chosen from the list
+        QTest::addColumn<bool>("ofTheLine");
+        QTest::newRow("typed, another port's") << true << false;
+        QTest::newRow("chosen, another port's") << false << false;
+        QTest::newRow("typed, the line's") << true << true;
+    }
+
+    void serialName()
+    {
+        QFETCH(bool, typed);
+        QFETCH(bool, ofTheLine);
+        const QString name = ofTheLine ? m_sim.path() : OtherName;
+        QSignalSpy changed(m_editor, &RTUPortEditor::changed);
+        QComboBox* box = serialBox();
+        // Shown and in focus: the warning takes the focus from the edit field.
+        m_editor->show();
+        QApplication::setActiveWindow(m_editor);
+        box->lineEdit()->setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(m_editor));
+        QVERIFY(box->lineEdit()->hasFocus());
+        ModalAnswerer answerer;
+        if (typed) {
+            box->setEditText(name);
+            QTest::keyClick(box->lineEdit(), Qt::Key_Return);
+        } else {
+            if (box->findData(name) < 0)
+                box->addItem(name, name);
+            box->setCurrentIndex(box->findData(name));
+        }
+        QCOMPARE(changed.count(), ofTheLine ? 1 : 0);
+        if (ofTheLine) {
+            QCOMPARE(answerer.seen(), QStringList());
+            QCOMPARE(m_port->serialName(), name);
+            return;
+        }
+        QCOMPARE(answerer.seen(), QStringList{"Port configuration|Port /dev/ttyS1 already exists!"});
+        QCOMPARE(m_port->serialName(), OwnName);
+        QCOMPARE(box->currentText(), OwnName);
+        QCOMPARE(box->currentIndex(), -1);
+    }
+
+    void unlistedNameKept()
+    {
+        ModalAnswerer answerer;
+        // Coming from another port must not offer that port's name to this one.
+        m_editor->setItem(m_server->portByName(QStringLiteral("Port 1")));
+        m_editor->setItem(m_port);
+        child<QPushButton>("btnRefresh")->click();
+        QCOMPARE(answerer.seen(), QStringList());
+        QCOMPARE(serialBox()->currentIndex(), -1);
+        QCOMPARE(serialBox()->currentText(), OwnName);
+        QCOMPARE(m_port->serialName(), OwnName);
+    }
+
+    void lineBoxes_data()
+    {
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QVariant>("data");
+        QTest::newRow("baud rate") << "baudrateComboBox" << QString("1200") << QVariant(1200);
+        QTest::newRow("data bits") << "databitsComboBox" << QString("8") << QVariant(8);
+        QTest::newRow("parity") << "parityComboBox" << QString("odd") << QVariant("O");
+        QTest::newRow("stop bits") << "stopbitsComboBox" << QString("1") << QVariant(1);
+    }
+
+    void lineBoxes()
+    {
+        QFETCH(QString, box);
+        auto* combo = m_editor->findChild<QComboBox*>(box);
+        QVERIFY(combo);
+        QCOMPARE(combo->count(), 1);
+        QTEST(combo->itemText(0), "text");
+        QTEST(combo->itemData(0), "data");
+        // The port's 1200 8O1 is found by the item data.
+        QCOMPARE(combo->currentIndex(), 0);
+    }
+
+    void spinBoxes_data()
+    {
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<int>("value");
+        QTest::addColumn<int>("defaultValue");
+        QTest::newRow("request") << "spnRequestTimeout" << QString("request_timeout") << 123 << 200;
+        QTest::newRow("response") << "spnResponseTimeout" << QString("response_timeout") << 123 << 370;
+        QTest::newRow("byte") << "spnByteTimeout" << QString("byte_timeout") << 123 << 50;
+        QTest::newRow("preambles") << "spnStartPreamblesCount" << QString("initial_number_of_preambles") << 23 << 10;
+    }
+
+    void spinBoxes()
+    {
+        QFETCH(QString, box);
+        QFETCH(QString, key);
+        QFETCH(int, value);
+        QFETCH(int, defaultValue);
+        auto* spin = m_editor->findChild<QSpinBox*>(box);
+        QVERIFY(spin);
+        QSignalSpy changed(m_editor, &RTUPortEditor::changed);
+
+        spin->setValue(value);
+        QCOMPARE(changed.count(), 1);
+        // Stored where the configuration file takes it from, and read back.
+        Port reloaded;
+        reloaded.load(m_port->save());
+        QCOMPARE(reloaded.save().value(key).toInt(), value);
+
+        spin->setValue(0);
+        QCOMPARE(m_port->save().value(key).toInt(), defaultValue);
+        QCOMPARE(spin->value(), defaultValue);
+        QCOMPARE(changed.count(), 2);
+    }
+
+    void uncheckingClosePortClosesIt()
+    {
+        QVERIFY(m_port->setSerialName(m_sim.path()));
+        m_port->setClosePortAfterTransaction(true);
+        QVERIFY2(m_port->openHart(), qPrintable(m_port->errorText()));
+        m_editor->setItem(m_port);
+        auto* box = child<QCheckBox>("chkTransactionClosePort");
+        QVERIFY(box->isChecked());
+        QSignalSpy changed(m_editor, &RTUPortEditor::changed);
+        box->setChecked(false);
+        QCOMPARE(m_port->closePortAfterTransaction(), false);
+        QVERIFY(!m_port->isOpened());
+        QCOMPARE(changed.count(), 1);
+    }
+
+    void check_data()
+    {
+        QTest::addColumn<bool>("onLine");
+        QTest::addColumn<QString>("status");
+        QTest::newRow("missing device") << false
+                                        << "<p style=\"color: red;\">Failure: not such device '/nonexistent/tty'.</p>";
+        QTest::newRow("simulated line, port open before") << true << "<p style=\"color: green;\">Success.</p>";
+    }
+
+    void check()
+    {
+        QFETCH(bool, onLine);
+        QVERIFY(m_port->setSerialName(onLine ? m_sim.path() : QStringLiteral("/nonexistent/tty")));
+        if (onLine)
+            QVERIFY2(m_port->openHart(), qPrintable(m_port->errorText()));
+        m_editor->setItem(m_port);
+        child<QPushButton>("b_check")->click();
+        QTEST(child<QLabel>("lbStatus")->text(), "status");
+        QVERIFY(!m_port->isOpened());
+        QVERIFY(!QApplication::overrideCursor());
+    }
+
+    void polledDevicesLockTheLine()
+    {
+        Device* device = m_port->addDevice(QStringLiteral("d1"), QStringLiteral("General"), -1);
+        const QList<QWidget*> locked = {serialBox(), child<QPushButton>("btnRefresh"), child<QPushButton>("b_check")};
+        for (const int state : {int(Device::TagStatePolled | Device::TagStateRead), int(Device::TagStateRead)}) {
+            device->setDeviceTagState(state);
+            m_editor->updateButtons();
+            for (QWidget* widget : locked)
+                QCOMPARE(widget->isEnabled(), !(state & Device::TagStatePolled));
+        }
+    }
 
 private:
     template <typename T>
@@ -57,210 +228,6 @@ private:
     Port* m_port = nullptr;
     RTUPortEditor* m_editor = nullptr;
 };
-
-void TestRTUPortEditor::initTestCase()
-{
-    DebugQt::instance(0x8ED0001, nullptr);
-    QString error;
-    QVERIFY2(m_sim.start({{"generic", {{"polling_address", 0}}}}, &error), qPrintable(error));
-}
-
-void TestRTUPortEditor::cleanupTestCase()
-{
-    m_sim.stop();
-}
-
-void TestRTUPortEditor::init()
-{
-    m_server = new Server;
-    m_port = m_server->addPort(QStringLiteral("Port 0"));
-    QVERIFY(m_port->setSerialName(OwnName));
-    QVERIFY(m_server->addPort(QStringLiteral("Port 1"))->setSerialName(OtherName));
-    m_editor = new RTUPortEditor;
-    m_editor->setItem(m_port);
-}
-
-void TestRTUPortEditor::cleanup()
-{
-    delete m_editor;
-    delete m_server;
-}
-
-void TestRTUPortEditor::nameOfAnotherPortRefused_data()
-{
-    QTest::addColumn<bool>("typed");
-    QTest::newRow("typed and confirmed") << true;
-    QTest::newRow("chosen from the list") << false;
-}
-
-void TestRTUPortEditor::nameOfAnotherPortRefused()
-{
-    QFETCH(bool, typed);
-    QSignalSpy changed(m_editor, &RTUPortEditor::changed);
-    QComboBox* box = serialBox();
-    // Shown and in focus: the warning takes the focus from the edit field.
-    m_editor->show();
-    QApplication::setActiveWindow(m_editor);
-    box->lineEdit()->setFocus();
-    QVERIFY(QTest::qWaitForWindowActive(m_editor));
-    QVERIFY(box->lineEdit()->hasFocus());
-    ModalAnswerer answerer;
-    if (typed) {
-        box->setEditText(OtherName);
-        QTest::keyClick(box->lineEdit(), Qt::Key_Return);
-    } else {
-        if (box->findData(OtherName) < 0)
-            box->addItem(OtherName, OtherName);
-        box->setCurrentIndex(box->findData(OtherName));
-    }
-    QCOMPARE(answerer.seen(), QStringList{"Port configuration|Port /dev/ttyS1 already exists!"});
-    QCOMPARE(m_port->serialName(), OwnName);
-    QCOMPARE(box->currentText(), OwnName);
-    QCOMPARE(box->currentIndex(), -1);
-    QCOMPARE(changed.count(), 0);
-}
-
-void TestRTUPortEditor::typedPathStored()
-{
-    QSignalSpy changed(m_editor, &RTUPortEditor::changed);
-    ModalAnswerer answerer;
-    serialBox()->setEditText(m_sim.path());
-    QTest::keyClick(serialBox()->lineEdit(), Qt::Key_Return);
-    QCOMPARE(m_port->serialName(), m_sim.path());
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(answerer.seen(), QStringList());
-}
-
-void TestRTUPortEditor::unlistedNameKept()
-{
-    ModalAnswerer answerer;
-    // Coming from another port must not offer that port's name to this one.
-    m_editor->setItem(m_server->portByName(QStringLiteral("Port 1")));
-    m_editor->setItem(m_port);
-    child<QPushButton>("btnRefresh")->click();
-    QCOMPARE(answerer.seen(), QStringList());
-    QCOMPARE(serialBox()->currentIndex(), -1);
-    QCOMPARE(serialBox()->currentText(), OwnName);
-    QCOMPARE(m_port->serialName(), OwnName);
-}
-
-void TestRTUPortEditor::lineBoxes_data()
-{
-    QTest::addColumn<QString>("box");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QVariant>("data");
-    QTest::newRow("baud rate") << "baudrateComboBox"
-                               << "1200" << QVariant(1200);
-    QTest::newRow("data bits") << "databitsComboBox"
-                               << "8" << QVariant(8);
-    QTest::newRow("parity") << "parityComboBox"
-                            << "odd" << QVariant(QStringLiteral("O"));
-    QTest::newRow("stop bits") << "stopbitsComboBox"
-                               << "1" << QVariant(1);
-}
-
-void TestRTUPortEditor::lineBoxes()
-{
-    QFETCH(QString, box);
-    QFETCH(QString, text);
-    QFETCH(QVariant, data);
-    auto* combo = m_editor->findChild<QComboBox*>(box);
-    QVERIFY(combo);
-    QCOMPARE(combo->count(), 1);
-    QCOMPARE(combo->itemText(0), text);
-    QCOMPARE(combo->itemData(0), data);
-    // The port's 1200 8O1 is found by the item data.
-    QCOMPARE(combo->currentIndex(), 0);
-}
-
-void TestRTUPortEditor::spinBoxes_data()
-{
-    QTest::addColumn<QString>("box");
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<int>("value");
-    QTest::addColumn<int>("defaultValue");
-    QTest::newRow("request") << "spnRequestTimeout"
-                             << "request_timeout" << 123 << 200;
-    QTest::newRow("response") << "spnResponseTimeout"
-                              << "response_timeout" << 123 << 370;
-    QTest::newRow("byte") << "spnByteTimeout"
-                          << "byte_timeout" << 123 << 50;
-    QTest::newRow("preambles") << "spnStartPreamblesCount"
-                               << "initial_number_of_preambles" << 23 << 10;
-}
-
-void TestRTUPortEditor::spinBoxes()
-{
-    QFETCH(QString, box);
-    QFETCH(QString, key);
-    QFETCH(int, value);
-    QFETCH(int, defaultValue);
-    auto* spin = m_editor->findChild<QSpinBox*>(box);
-    QVERIFY(spin);
-    QSignalSpy changed(m_editor, &RTUPortEditor::changed);
-
-    spin->setValue(value);
-    QCOMPARE(changed.count(), 1);
-    // Stored where the configuration file takes it from, and read back.
-    Port reloaded;
-    reloaded.load(m_port->save());
-    QCOMPARE(reloaded.save().value(key).toInt(), value);
-
-    spin->setValue(0);
-    QCOMPARE(m_port->save().value(key).toInt(), defaultValue);
-    QCOMPARE(spin->value(), defaultValue);
-    QCOMPARE(changed.count(), 2);
-}
-
-void TestRTUPortEditor::uncheckingClosePortClosesIt()
-{
-    QVERIFY(m_port->setSerialName(m_sim.path()));
-    m_port->setClosePortAfterTransaction(true);
-    QVERIFY2(m_port->openHart(), qPrintable(m_port->errorText()));
-    m_editor->setItem(m_port);
-    auto* box = child<QCheckBox>("chkTransactionClosePort");
-    QVERIFY(box->isChecked());
-    QSignalSpy changed(m_editor, &RTUPortEditor::changed);
-    box->setChecked(false);
-    QCOMPARE(m_port->closePortAfterTransaction(), false);
-    QVERIFY(!m_port->isOpened());
-    QCOMPARE(changed.count(), 1);
-}
-
-void TestRTUPortEditor::check_data()
-{
-    QTest::addColumn<bool>("onLine");
-    QTest::addColumn<QString>("status");
-    QTest::newRow("missing device") << false
-                                    << "<p style=\"color: red;\">Failure: not such device '/nonexistent/tty'.</p>";
-    QTest::newRow("simulated line, port open before") << true << "<p style=\"color: green;\">Success.</p>";
-}
-
-void TestRTUPortEditor::check()
-{
-    QFETCH(bool, onLine);
-    QFETCH(QString, status);
-    QVERIFY(m_port->setSerialName(onLine ? m_sim.path() : QStringLiteral("/nonexistent/tty")));
-    if (onLine)
-        QVERIFY2(m_port->openHart(), qPrintable(m_port->errorText()));
-    m_editor->setItem(m_port);
-    child<QPushButton>("b_check")->click();
-    QCOMPARE(child<QLabel>("lbStatus")->text(), status);
-    QVERIFY(!m_port->isOpened());
-    QVERIFY(!QApplication::overrideCursor());
-}
-
-void TestRTUPortEditor::polledDevicesLockTheLine()
-{
-    Device* device = m_port->addDevice(QStringLiteral("d1"), QStringLiteral("General"), -1);
-    const QList<QWidget*> locked = {serialBox(), child<QPushButton>("btnRefresh"), child<QPushButton>("b_check")};
-    for (const int state : {int(Device::TagStatePolled | Device::TagStateRead), int(Device::TagStateRead)}) {
-        device->setDeviceTagState(state);
-        m_editor->updateButtons();
-        for (QWidget* widget : locked)
-            QCOMPARE(widget->isEnabled(), !(state & Device::TagStatePolled));
-    }
-}
 
 QTEST_MAIN(TestRTUPortEditor)
 #include "tst_rtuporteditor.moc"

@@ -14,17 +14,136 @@ class TestSettingsDialog : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void cssLocksFontButton_data();
-    void cssLocksFontButton();
-    void fontDialog_data();
-    void fontDialog();
-    void accept_data();
-    void accept();
-    void fontProperties_data();
-    void fontProperties();
+    void initTestCase()
+    {
+        QVERIFY(m_dir.enter());
+        m_settings = *AppSettings::instance();
+        m_settings.font = QFont(QStringLiteral("DejaVu Sans"), 10);
+    }
+
+    void init() { m_dialog = new SettingsDialog; }
+
+    void cleanup() { delete m_dialog; }
+
+    void cssLocksFontButton_data()
+    {
+        QTest::addColumn<bool>("css");
+        QTest::newRow("css on") << true;
+        QTest::newRow("css off") << false;
+    }
+
+    void cssLocksFontButton()
+    {
+        QFETCH(bool, css);
+        AppSettings settings = m_settings;
+        settings.bApplyCss = css;
+        m_dialog->setSettings(settings);
+        auto* button = child<QPushButton>("btnFont");
+        QCOMPARE(button->isEnabled(), !css);
+        child<QCheckBox>("chkApplyCss")->setChecked(!css);
+        QCOMPARE(button->isEnabled(), css);
+    }
+
+    void fontDialog_data()
+    {
+        QTest::addColumn<bool>("pick");
+        QTest::addColumn<bool>("acceptIt");
+        QTest::addColumn<QString>("family");
+        QTest::newRow("picked, accepted") << true << true << "DejaVu Serif";
+        QTest::newRow("picked, rejected") << true << false << "DejaVu Sans";
+        QTest::newRow("nothing picked, accepted") << false << true << "DejaVu Sans";
+    }
+
+    void fontDialog()
+    {
+        QFETCH(bool, pick);
+        QFETCH(bool, acceptIt);
+        QFETCH(QString, family);
+        m_dialog->setSettings(m_settings);
+        ModalAnswerer answerer([&](QDialog* dialog) {
+            auto* fonts = m_dialog->findChild<QFontDialog*>(QStringLiteral("fontDialog"));
+            QCOMPARE(dialog, fonts);
+            if (pick)
+                fonts->setCurrentFont(QFont(QStringLiteral("DejaVu Serif"), 14));
+            acceptIt ? fonts->accept() : fonts->reject();
+        });
+        child<QPushButton>("btnFont")->click();
+        QCOMPARE(answerer.seen().size(), 1);
+        QVERIFY2(answerer.seen().at(0).endsWith(QLatin1String("|QFontDialog")), qPrintable(answerer.seen().at(0)));
+        QCOMPARE(m_dialog->selectedFont().family(), family);
+        QVERIFY(child<QLabel>("lbFont")->text().startsWith(family + QLatin1Char(' ')));
+        m_dialog->accept();
+        QCOMPARE(m_dialog->settings().font.family(), family);
+    }
+
+    void accept_data()
+    {
+        QTest::addColumn<QList<bool>>("flagButtons"); // ERR, WARN, INFO
+        QTest::addColumn<bool>("cssBefore");
+        QTest::addColumn<bool>("cssAfter");
+        QTest::addColumn<QStringList>("flags");
+        QTest::addColumn<bool>("warned");
+        QTest::newRow("all flags, css unchanged")
+            << QList<bool>{true, true, true} << false << false << QStringList{"ERR", "WARN", "INFO"} << false;
+        QTest::newRow("no flags, css unchanged on")
+            << QList<bool>{false, false, false} << true << true << QStringList{} << false;
+        QTest::newRow("err and info, css turned on")
+            << QList<bool>{true, false, true} << false << true << QStringList{"ERR", "INFO"} << true;
+        QTest::newRow("warn, css turned off")
+            << QList<bool>{false, true, false} << true << false << QStringList{"WARN"} << true;
+    }
+
+    void accept()
+    {
+        QFETCH(QList<bool>, flagButtons);
+        QFETCH(bool, cssBefore);
+        QFETCH(bool, cssAfter);
+        QFETCH(bool, warned);
+        AppSettings settings = m_settings;
+        settings.bApplyCss = cssBefore;
+        // Stored in another order: the result has the buttons' order.
+        settings.log_flags = QStringList{"INFO", "WARN", "ERR"};
+        settings.bInsertComments = false;
+        m_dialog->setSettings(settings);
+
+        const char* const buttons[] = {"b_dbg_err", "b_dbg_warn", "b_dbg_info"};
+        for (int i = 0; i < 3; ++i)
+            child<QPushButton>(buttons[i])->setChecked(flagButtons.at(i));
+        child<QCheckBox>("chkApplyCss")->setChecked(cssAfter);
+        child<QCheckBox>("chkAddComments")->setChecked(true);
+        ModalAnswerer answerer;
+        m_dialog->accept();
+
+        QCOMPARE(m_dialog->result(), int(QDialog::Accepted));
+        QTEST(m_dialog->settings().log_flags, "flags");
+        QCOMPARE(m_dialog->settings().bApplyCss, cssAfter);
+        QCOMPARE(m_dialog->settings().bInsertComments, true);
+        QCOMPARE(answerer.seen(),
+                 warned ? QStringList{"Settings changes|Changes w'll take effect after the program is restarted."}
+                        : QStringList());
+    }
+
+    void fontProperties_data()
+    {
+        QTest::addColumn<int>("weight");
+        QTest::addColumn<bool>("italic");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("bold italic") << int(QFont::Bold) << true << "DejaVu Serif 12pt bold italic";
+        QTest::newRow("normal") << int(QFont::Normal) << false << "DejaVu Serif 12pt  ";
+        QTest::newRow("medium italic") << int(QFont::Medium) << true << "DejaVu Serif 12pt bold italic";
+        QTest::newRow("light") << int(QFont::Light) << false << "DejaVu Serif 12pt  ";
+    }
+
+    void fontProperties()
+    {
+        QFETCH(int, weight);
+        QFETCH(bool, italic);
+        QFETCH(QString, text);
+        AppSettings settings = m_settings;
+        settings.font = QFont(QStringLiteral("DejaVu Serif"), 12, weight, italic);
+        m_dialog->setSettings(settings);
+        QCOMPARE(child<QLabel>("lbFont")->text(), text);
+    }
 
 private:
     template <typename T>
@@ -37,144 +156,6 @@ private:
     AppSettings m_settings;
     SettingsDialog* m_dialog = nullptr;
 };
-
-void TestSettingsDialog::initTestCase()
-{
-    QVERIFY(m_dir.enter());
-    m_settings = *AppSettings::instance();
-    m_settings.font = QFont(QStringLiteral("DejaVu Sans"), 10);
-}
-
-void TestSettingsDialog::init()
-{
-    m_dialog = new SettingsDialog;
-}
-
-void TestSettingsDialog::cleanup()
-{
-    delete m_dialog;
-}
-
-void TestSettingsDialog::cssLocksFontButton_data()
-{
-    QTest::addColumn<bool>("css");
-    QTest::newRow("css on") << true;
-    QTest::newRow("css off") << false;
-}
-
-void TestSettingsDialog::cssLocksFontButton()
-{
-    QFETCH(bool, css);
-    AppSettings settings = m_settings;
-    settings.bApplyCss = css;
-    m_dialog->setSettings(settings);
-    auto* button = child<QPushButton>("btnFont");
-    QCOMPARE(button->isEnabled(), !css);
-    child<QCheckBox>("chkApplyCss")->setChecked(!css);
-    QCOMPARE(button->isEnabled(), css);
-}
-
-void TestSettingsDialog::fontDialog_data()
-{
-    QTest::addColumn<bool>("pick");
-    QTest::addColumn<bool>("acceptIt");
-    QTest::addColumn<QString>("family");
-    QTest::newRow("picked, accepted") << true << true << "DejaVu Serif";
-    QTest::newRow("picked, rejected") << true << false << "DejaVu Sans";
-    QTest::newRow("nothing picked, accepted") << false << true << "DejaVu Sans";
-}
-
-void TestSettingsDialog::fontDialog()
-{
-    QFETCH(bool, pick);
-    QFETCH(bool, acceptIt);
-    QFETCH(QString, family);
-    m_dialog->setSettings(m_settings);
-    ModalAnswerer answerer([&](QDialog* dialog) {
-        auto* fonts = m_dialog->findChild<QFontDialog*>(QStringLiteral("fontDialog"));
-        QCOMPARE(dialog, fonts);
-        if (pick)
-            fonts->setCurrentFont(QFont(QStringLiteral("DejaVu Serif"), 14));
-        acceptIt ? fonts->accept() : fonts->reject();
-    });
-    child<QPushButton>("btnFont")->click();
-    QCOMPARE(answerer.seen().size(), 1);
-    QVERIFY2(answerer.seen().at(0).endsWith(QLatin1String("|QFontDialog")), qPrintable(answerer.seen().at(0)));
-    QCOMPARE(m_dialog->selectedFont().family(), family);
-    QVERIFY(child<QLabel>("lbFont")->text().startsWith(family + QLatin1Char(' ')));
-    m_dialog->accept();
-    QCOMPARE(m_dialog->settings().font.family(), family);
-}
-
-void TestSettingsDialog::accept_data()
-{
-    QTest::addColumn<QList<bool>>("flagButtons"); // ERR, WARN, INFO
-    QTest::addColumn<bool>("cssBefore");
-    QTest::addColumn<bool>("cssAfter");
-    QTest::addColumn<QStringList>("flags");
-    QTest::addColumn<bool>("warned");
-    QTest::newRow("all flags, css unchanged")
-        << QList<bool>{true, true, true} << false << false << QStringList{"ERR", "WARN", "INFO"} << false;
-    QTest::newRow("no flags, css unchanged on")
-        << QList<bool>{false, false, false} << true << true << QStringList{} << false;
-    QTest::newRow("err and info, css turned on")
-        << QList<bool>{true, false, true} << false << true << QStringList{"ERR", "INFO"} << true;
-    QTest::newRow("warn, css turned off")
-        << QList<bool>{false, true, false} << true << false << QStringList{"WARN"} << true;
-}
-
-void TestSettingsDialog::accept()
-{
-    QFETCH(QList<bool>, flagButtons);
-    QFETCH(bool, cssBefore);
-    QFETCH(bool, cssAfter);
-    QFETCH(QStringList, flags);
-    QFETCH(bool, warned);
-    AppSettings settings = m_settings;
-    settings.bApplyCss = cssBefore;
-    // Stored in another order: the result has the buttons' order.
-    settings.log_flags = QStringList{"INFO", "WARN", "ERR"};
-    settings.bInsertComments = false;
-    m_dialog->setSettings(settings);
-
-    const char* const buttons[] = {"b_dbg_err", "b_dbg_warn", "b_dbg_info"};
-    for (int i = 0; i < 3; ++i)
-        child<QPushButton>(buttons[i])->setChecked(flagButtons.at(i));
-    child<QCheckBox>("chkApplyCss")->setChecked(cssAfter);
-    child<QCheckBox>("chkAddComments")->setChecked(true);
-    ModalAnswerer answerer;
-    m_dialog->accept();
-
-    QCOMPARE(m_dialog->result(), int(QDialog::Accepted));
-    QCOMPARE(m_dialog->settings().log_flags, flags);
-    QCOMPARE(m_dialog->settings().bApplyCss, cssAfter);
-    QCOMPARE(m_dialog->settings().bInsertComments, true);
-    QCOMPARE(answerer.seen(),
-             warned ? QStringList{"Settings changes|Changes w'll take effect after the program is restarted."}
-                    : QStringList());
-}
-
-void TestSettingsDialog::fontProperties_data()
-{
-    QTest::addColumn<int>("weight");
-    QTest::addColumn<bool>("italic");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("bold italic") << int(QFont::Bold) << true << "DejaVu Serif 12pt bold italic";
-    QTest::newRow("normal") << int(QFont::Normal) << false << "DejaVu Serif 12pt  ";
-    QTest::newRow("medium italic") << int(QFont::Medium) << true << "DejaVu Serif 12pt bold italic";
-    QTest::newRow("light") << int(QFont::Light) << false << "DejaVu Serif 12pt  ";
-}
-
-void TestSettingsDialog::fontProperties()
-{
-    QFETCH(int, weight);
-    QFETCH(bool, italic);
-    QFETCH(QString, text);
-    AppSettings settings = m_settings;
-    settings.font = QFont(QStringLiteral("DejaVu Serif"), 12, weight, italic);
-    m_dialog->setSettings(settings);
-    QCOMPARE(child<QLabel>("lbFont")->text(), text);
-}
 
 QTEST_MAIN(TestSettingsDialog)
 #include "tst_settingsdialog.moc"

@@ -10,105 +10,89 @@ class TestUniBaseInput : public QObject
 
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
-    void notations_data();
-    void notations();
-    void shownByBase_data();
-    void shownByBase();
-    void ctrlDoubleClickCycles();
-};
 
-void TestUniBaseInput::notations_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("shown"); // the text that stays in the field
-    QTest::addColumn<bool>("isFloat");
-    QTest::addColumn<int>("value"); // the int value, or the float times 1000
+    void notations_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("shown"); // the text that stays in the field
+        QTest::addColumn<bool>("isFloat");
+        QTest::addColumn<int>("value"); // the int value, or the float times 1000
 
-    QTest::newRow("decimal") << "101"
-                             << "101" << false << 101;
-    QTest::newRow("negative") << "-7"
-                              << "-7" << false << -7;
-    QTest::newRow("binary") << "101b"
-                            << "101b" << false << 5;
-    QTest::newRow("hex suffix") << "ffh"
-                                << "ffh" << false << 255;
-    QTest::newRow("hex prefix") << "0x1F"
-                                << "0x1F" << false << 31;
-    QTest::newRow("1011h is hex") << "1011h"
-                                  << "1011h" << false << 0x1011;
-    QTest::newRow("float point") << "1.25"
-                                 << "1.25" << true << 1250;
-    QTest::newRow("float comma") << "2,5"
-                                 << "2,5" << true << 2500;
-    // The validator lets a text through that no notation takes: the last
-    // good one comes back.
-    QTest::newRow("refused") << "12x"
-                             << "12" << false << 12;
-    QTest::newRow("lone sign waits") << "-"
-                                     << "-" << false << 12;
-}
-
-void TestUniBaseInput::notations()
-{
-    QFETCH(QString, typed);
-    QFETCH(QString, shown);
-    QFETCH(bool, isFloat);
-    QFETCH(int, value);
-
-    UniBaseInput input;
-    input.setValidator(nullptr); // the grammar alone decides here
-    input.setText(QStringLiteral("12"));
-    QSignalSpy changed(&input, qOverload<const QVariant&>(&UniBaseInput::valueChanged));
-    input.setText(typed);
-    QCOMPARE(input.text(), shown);
-    QCOMPARE(input.isFloatValueValid(), isFloat);
-    if (isFloat)
-        QCOMPARE(qRound(input.floatValue() * 1000), value);
-    else
-        QCOMPARE(input.intValue(), value);
-    QCOMPARE(changed.size(), shown == typed && typed != QLatin1String("-") ? 1 : 0);
-}
-
-void TestUniBaseInput::shownByBase_data()
-{
-    QTest::addColumn<int>("base");
-    QTest::addColumn<int>("value");
-    QTest::addColumn<QString>("shown");
-
-    QTest::newRow("2") << 2 << 5 << "101b";
-    QTest::newRow("8") << 8 << 8 << "10o";
-    QTest::newRow("10 signed") << 10 << -1 << "-1";
-    QTest::newRow("16") << 16 << 255 << "0xFF";
-}
-
-void TestUniBaseInput::shownByBase()
-{
-    QFETCH(int, base);
-    QFETCH(int, value);
-    QFETCH(QString, shown);
-
-    UniBaseInput input;
-    input.setBase(base);
-    input.setIntValue(value);
-    QCOMPARE(input.text(), shown);
-    QCOMPARE(input.intSign(), value < 0);
-}
-
-void TestUniBaseInput::ctrlDoubleClickCycles()
-{
-    UniBaseInput input;
-    input.setBase(16);
-    input.setIntValue(-1);
-    const QStringList expected = {"-1", "4294967295", "0xFFFFFFFF", "-1"};
-    for (const QString& text : expected) {
-        QTest::mouseDClick(&input, Qt::LeftButton, Qt::ControlModifier);
-        QCOMPARE(input.text(), text);
+        QTest::newRow("decimal") << "101" << QString("101") << false << 101;
+        QTest::newRow("negative") << "-7" << QString("-7") << false << -7;
+        QTest::newRow("binary") << "101b" << QString("101b") << false << 5;
+        QTest::newRow("hex suffix") << "ffh" << QString("ffh") << false << 255;
+        QTest::newRow("hex prefix") << "0x1F" << QString("0x1F") << false << 31;
+        QTest::newRow("1011h is hex") << "1011h" << QString("1011h") << false << 0x1011;
+        QTest::newRow("float point") << "1.25" << QString("1.25") << true << 1250;
+        QTest::newRow("float comma") << "2,5" << QString("2,5") << true << 2500;
+        // The validator lets a text through that no notation takes: the last
+        // good one comes back.
+        QTest::newRow("refused") << "12x" << QString("12") << false << 12;
+        QTest::newRow("lone sign waits") << "-" << QString("-") << false << 12;
     }
-    // A float has one notation.
-    input.setFloatValue(1.5f);
-    QTest::mouseDClick(&input, Qt::LeftButton, Qt::ControlModifier);
-    QCOMPARE(input.text(), QStringLiteral("1.5"));
-}
+
+    void notations()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, shown);
+        QFETCH(bool, isFloat);
+        QFETCH(int, value);
+
+        UniBaseInput input;
+        input.setValidator(nullptr); // the grammar alone decides here
+        input.setText(QStringLiteral("12"));
+        QSignalSpy changed(&input, qOverload<const QVariant&>(&UniBaseInput::valueChanged));
+        input.setText(typed);
+        QCOMPARE(input.text(), shown);
+        QCOMPARE(input.isFloatValueValid(), isFloat);
+        if (isFloat)
+            QCOMPARE(qRound(input.floatValue() * 1000), value);
+        else
+            QCOMPARE(input.intValue(), value);
+        QCOMPARE(changed.size(), shown == typed && typed != QLatin1String("-") ? 1 : 0);
+    }
+
+    void shownByBase_data()
+    {
+        QTest::addColumn<int>("base");
+        QTest::addColumn<int>("value");
+        QTest::addColumn<QString>("shown");
+
+        QTest::newRow("2") << 2 << 5 << "101b";
+        QTest::newRow("8") << 8 << 8 << "10o";
+        QTest::newRow("10 signed") << 10 << -1 << "-1";
+        QTest::newRow("16") << 16 << 255 << "0xFF";
+    }
+
+    void shownByBase()
+    {
+        QFETCH(int, base);
+        QFETCH(int, value);
+
+        UniBaseInput input;
+        input.setBase(base);
+        input.setIntValue(value);
+        QTEST(input.text(), "shown");
+        QCOMPARE(input.intSign(), value < 0);
+    }
+
+    void ctrlDoubleClickCycles()
+    {
+        UniBaseInput input;
+        input.setBase(16);
+        input.setIntValue(-1);
+        const QStringList expected = {"-1", "4294967295", "0xFFFFFFFF", "-1"};
+        for (const QString& text : expected) {
+            QTest::mouseDClick(&input, Qt::LeftButton, Qt::ControlModifier);
+            QCOMPARE(input.text(), text);
+        }
+        // A float has one notation.
+        input.setFloatValue(1.5f);
+        QTest::mouseDClick(&input, Qt::LeftButton, Qt::ControlModifier);
+        QCOMPARE(input.text(), QStringLiteral("1.5"));
+    }
+};
 
 QTEST_MAIN(TestUniBaseInput)
 #include "tst_unibaseinput.moc"
