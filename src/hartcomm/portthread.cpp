@@ -14,12 +14,16 @@
 namespace {
 std::atomic<int> characterUs{PortThread::ModemCharacterUs};
 std::atomic<int> turnaroundMs{PortThread::ModemTurnaroundMs};
+std::atomic<int> breakMs{PortThread::ModemBreakMs};
+std::atomic<int> settleMs{PortThread::ModemSettleMs};
 } // namespace
 
-void PortThread::setModemTiming(int characterTimeUs, int turnaroundTimeMs)
+void PortThread::setModemTiming(int characterTimeUs, int turnaroundTimeMs, int breakTimeMs, int settleTimeMs)
 {
     characterUs = characterTimeUs;
     turnaroundMs = turnaroundTimeMs;
+    breakMs = breakTimeMs;
+    settleMs = settleTimeMs;
 }
 
 int PortThread::transmitWaitMs(int bytes)
@@ -253,15 +257,15 @@ bool PortThread::changePort(QSerialPort& serial, const QString& name, Result& re
     result.isOpen = true;
     DBG(LevelInfo) << "*** Serial port open:" << serial.isOpen();
 
-    // A break of 50 ms wakes the modem; a pseudo-terminal refuses it, which
-    // does not matter.
+    // A break wakes the modem; a pseudo-terminal refuses it, which does not
+    // matter.
     if (!serial.setBreakEnabled(true))
         DBG(LevelInfo) << "break not available on" << name << ":" << serial.errorString();
-    mySleep(50);
+    mySleep(breakMs);
     serial.setBreakEnabled(false);
     serial.clear(QSerialPort::AllDirections);
     serial.clearError();
-    mySleep(70);
+    mySleep(settleMs);
     return true;
 }
 

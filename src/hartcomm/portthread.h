@@ -62,12 +62,16 @@ public:
 
     // After sending, the modem still has each byte to put on the line (11
     // bits at 1200 baud, about 9.15 ms) and then turns the line round
-    // (50 ms): the wait before the answer is looked for. A line that answers
-    // at once, such as a simulator without line timing, may set both to 0.
-    static void setModemTiming(int characterUs, int turnaroundMs);
+    // (50 ms): the wait before the answer is looked for. Opening the port
+    // wakes the modem with a break (50 ms) and lets it settle (70 ms). A line
+    // that answers at once, such as a simulator without line timing, may set
+    // all four to 0.
+    static void setModemTiming(int characterUs, int turnaroundMs, int breakMs, int settleMs);
     static int transmitWaitMs(int bytes);
     static constexpr int ModemCharacterUs = 9153;
     static constexpr int ModemTurnaroundMs = 50;
+    static constexpr int ModemBreakMs = 50;
+    static constexpr int ModemSettleMs = 70;
 
     static constexpr int ResponseWaitLimitMs = 5000;
     static constexpr int QuitWaitLimitMs = 7000;

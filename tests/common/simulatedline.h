@@ -99,8 +99,8 @@ private:
     {
         m_line->setTiming(hartsim::SimLine::Timing::Fast);
         // The simulator answers at once: the program need not wait out a
-        // modem's transmit time either.
-        PortThread::setModemTiming(0, 0);
+        // modem's transmit time nor wake it either.
+        PortThread::setModemTiming(0, 0, 0, 0);
         m_line->freezeClock(true);
         m_line->setClock(100.0);
         m_path = m_line->startPty(QString(), error);

@@ -146,7 +146,7 @@ void TestPortThread::exchange()
 
     m_sim.addFault(0, spoiler);
     // The modem's own timing, which the other tests leave out.
-    PortThread::setModemTiming(PortThread::ModemCharacterUs, PortThread::ModemTurnaroundMs);
+    PortThread::setModemTiming(PortThread::ModemCharacterUs, PortThread::ModemTurnaroundMs, 0, 0);
     PortThread thread;
     run(thread, m_sim.path(), QByteArray());
     run(thread, m_sim.path(), requestFor(0, 1));
@@ -158,7 +158,7 @@ void TestPortThread::exchange()
         QVERIFY(thread.result().response.startsWith(QByteArray::fromHex("00 3A 7E FF")));
     // The thread waits out the modem's sending time before it listens.
     QVERIFY(thread.result().txTime >= int(requestFor(0, 1).size() * 9.1525 + 50.0));
-    PortThread::setModemTiming(0, 0);
+    PortThread::setModemTiming(0, 0, 0, 0);
 
     // The log lines: the time each direction took and the bytes.
     const QRegularExpression tx(QRegularExpression::anchoredPattern(
