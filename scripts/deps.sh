@@ -9,6 +9,7 @@ packages=(
     qt6-base-dev qt6-serialport-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
     libxkbcommon-dev libgl-dev fonts-dejavu-core
     xvfb xauth
+    dpkg-dev desktop-file-utils
     "$@"
 )
 

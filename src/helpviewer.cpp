@@ -27,8 +27,14 @@ void HelpViewer::setContentFromFile(const QString& path)
         ui->textEdit->setPlainText(tr("Can't open help file"));
     } else {
         const QByteArray bytes = file.readAll();
+        // The English manual is UTF-8, the Russian one CP-1251: text that is
+        // not valid UTF-8 is read as CP-1251.
+        QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+        const QString text = utf8.decode(bytes);
         QStringDecoder decoder("windows-1251");
-        if (decoder.isValid()) {
+        if (!utf8.hasError()) {
+            ui->textEdit->setPlainText(text);
+        } else if (decoder.isValid()) {
             ui->textEdit->setPlainText(decoder.decode(bytes));
         } else {
             // Without ICU the codec is missing: show the bytes one to one

@@ -40,8 +40,18 @@
 
 namespace {
 
-const char* const ProgramVersion = "1.2.23";
+// The project's version, set once in the build.
+const char* const ProgramVersion = CALVANE_VERSION;
 const char* const HelpFile = ":/doc/calvane.txt";
+const char* const EnglishHelpFile = ":/doc/calvane_en.txt";
+
+// The manual in the language of the interface: English for English, the
+// Russian one otherwise.
+QString helpFile()
+{
+    const bool english = Application::language().startsWith(QLatin1String("en"), Qt::CaseInsensitive);
+    return QString::fromLatin1(english ? EnglishHelpFile : HelpFile);
+}
 const char* const AppIcon = ":/ico/calvane.png";
 
 // Base of the log mask once the window runs: every show flag but the date and
@@ -145,8 +155,9 @@ void MainWindow::createServer()
 
     // The root's page is the manual.
     auto* manual = new HelpViewer(nullptr, false);
+    manual->setObjectName(QStringLiteral("rootManual"));
     manual->setWindowFlags(Qt::Widget);
-    manual->setContentFromFile(QString::fromLatin1(HelpFile));
+    manual->setContentFromFile(helpFile());
     // A page of the window has nothing to close.
     if (auto* close = manual->findChild<QPushButton*>(QStringLiteral("btnClose")))
         close->hide();
@@ -565,6 +576,8 @@ void MainWindow::changeEvent(QEvent* event)
         if (QTreeWidgetItem* root = treeItem(m_server))
             root->setText(0, tr("Ports & Devices"));
         m_versionLabel->setText(tr("Version: %1").arg(QString::fromLatin1(ProgramVersion)));
+        if (auto* manual = findChild<HelpViewer*>(QStringLiteral("rootManual")))
+            manual->setContentFromFile(helpFile());
         updateWindowTitle();
         updateStatusBar();
     }
@@ -901,7 +914,7 @@ void MainWindow::help()
 {
     HelpViewer viewer(this, true);
     viewer.setFont(m_settings->font);
-    viewer.setContentFromFile(QString::fromLatin1(HelpFile));
+    viewer.setContentFromFile(helpFile());
     viewer.exec();
 }
 

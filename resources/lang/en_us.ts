@@ -3890,6 +3890,10 @@ Stop polling before searching the lines.</translation>
             <source>Response timeout (%1ms)</source>
             <translation>Response timeout (%1ms)</translation>
         </message>
+        <message>
+            <source>No permission to open %1. Serial ports are open to the members of the group "dialout": add your user to it (sudo adduser $USER dialout), then log out and in again.</source>
+            <translation>No permission to open %1. Serial ports are open to the members of the group "dialout": add your user to it (sudo adduser $USER dialout), then log out and in again.</translation>
+        </message>
     </context>
     <context>
         <name>QP1Device</name>

@@ -3890,6 +3890,10 @@ Stop polling before searching the lines.</source>
         <source>Response timeout (%1ms)</source>
         <translation>Тайм-аут ответа (%1ms)</translation>
     </message>
+    <message>
+        <source>No permission to open %1. Serial ports are open to the members of the group &quot;dialout&quot;: add your user to it (sudo adduser $USER dialout), then log out and in again.</source>
+        <translation>Нет прав на открытие %1. Последовательные порты открыты только участникам группы &quot;dialout&quot;: добавьте в неё своего пользователя (sudo adduser $USER dialout), затем выйдите из системы и войдите снова.</translation>
+    </message>
 </context>
 <context>
     <name>QP1Device</name>

@@ -102,7 +102,7 @@ bool HartPort::open()
     m_serial.setDataBits(QSerialPort::Data8);
     m_serial.setStopBits(QSerialPort::OneStop);
     if (!m_serial.open(QIODevice::ReadWrite)) {
-        setError(PortThread::errorCode(m_serial.error()), m_serial.errorString());
+        setError(PortThread::errorCode(m_serial.error()), PortThread::openErrorText(m_serial));
         DBG(LevelErr) << "error:" << m_errorText;
         return false;
     }

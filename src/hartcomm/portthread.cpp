@@ -6,10 +6,15 @@
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QSerialPort>
 #include <QTime>
 
 #include <atomic>
+#include <cerrno>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 std::atomic<int> characterUs{PortThread::ModemCharacterUs};
@@ -17,6 +22,22 @@ std::atomic<int> turnaroundMs{PortThread::ModemTurnaroundMs};
 std::atomic<int> breakMs{PortThread::ModemBreakMs};
 std::atomic<int> settleMs{PortThread::ModemSettleMs};
 } // namespace
+
+QString PortThread::openErrorText(const QSerialPort& serial)
+{
+    if (serial.error() == QSerialPort::PermissionError) {
+        // A port held by another program fails with the same error; only a
+        // device file closed to this user needs the group.
+        QString path = serial.portName();
+        if (!path.startsWith(QLatin1Char('/')))
+            path.prepend(QLatin1String("/dev/"));
+        if (faccessat(AT_FDCWD, QFile::encodeName(path).constData(), R_OK | W_OK, AT_EACCESS) != 0 && errno == EACCES)
+            return tr("No permission to open %1. Serial ports are open to the members of the group \"dialout\": "
+                      "add your user to it (sudo adduser $USER dialout), then log out and in again.")
+                .arg(path);
+    }
+    return serial.errorString();
+}
 
 void PortThread::setModemTiming(int characterTimeUs, int turnaroundTimeMs, int breakTimeMs, int settleTimeMs)
 {
@@ -245,7 +266,7 @@ bool PortThread::changePort(QSerialPort& serial, const QString& name, Result& re
     if (!serial.open(QIODevice::ReadWrite)) {
         DBG(LevelErr) << "*** Serial port" << name << "open error - " << serial.errorString();
         result.error = errorCode(serial.error());
-        result.errorText = serial.errorString();
+        result.errorText = openErrorText(serial);
         return false;
     }
     serial.setBaudRate(QSerialPort::Baud1200, QSerialPort::AllDirections);

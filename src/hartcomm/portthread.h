@@ -59,6 +59,10 @@ public:
     // 10 unsupported operation, 11 unknown, 12 timeout, 13 not open.
     enum ErrorCode { TimeoutErrorCode = 12, WriteErrorCode = 7 };
     static int errorCode(int serialPortError);
+    // The text of a failed open: for a device file the user may not read or
+    // write, a hint to join the group that owns serial ports; otherwise the
+    // port's own error text.
+    static QString openErrorText(const QSerialPort& serial);
 
     // After sending, the modem still has each byte to put on the line (11
     // bits at 1200 baud, about 9.15 ms) and then turns the line round
