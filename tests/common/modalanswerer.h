@@ -14,14 +14,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDialog>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
 #include <QProgressDialog>
-#include <QStringList>
 #include <QTimer>
-#include <QVariantList>
 
 #include <functional>
 
@@ -36,10 +33,9 @@ public:
     QStringList seen() const { return m_seen; }
 
 private:
+    // Fires on each pass of whatever event loop runs, the dialog's own included.
     void start()
     {
-        // Fires on each pass of whatever event loop runs, the dialog's own
-        // included.
         connect(&m_timer, &QTimer::timeout, this, &ModalAnswerer::poll);
         m_timer.start(10);
     }
@@ -48,26 +44,18 @@ private:
     {
         QWidget* modal = QApplication::activeModalWidget();
         auto* files = qobject_cast<QFileDialog*>(modal);
-        if (files && files == m_files) {
-            // The dialog may not take a name at once: name it again until it closes.
-            chooseFile();
-            return;
-        }
+        if (files && files == m_files) // it may not take a name at once: again until it closes
+            return chooseFile();
         if (!modal || m_handled.contains(modal) || qobject_cast<QProgressDialog*>(modal))
             return;
         m_handled << modal;
         auto* box = qobject_cast<QMessageBox*>(modal);
-        if (box)
-            m_seen << box->windowTitle() + QLatin1Char('|') + box->text();
-        else if (files)
-            m_seen << files->windowTitle() + QStringLiteral("|file");
-        else
-            m_seen << modal->windowTitle() + QLatin1Char('|') + modal->metaObject()->className();
-        if (m_action) {
-            if (auto* dialog = qobject_cast<QDialog*>(modal))
-                m_action(dialog);
-            return;
-        }
+        m_seen << modal->windowTitle() + QLatin1Char('|') +
+                      (box     ? box->text()
+                       : files ? QStringLiteral("file")
+                               : modal->metaObject()->className());
+        if (m_action)
+            return m_action(qobject_cast<QDialog*>(modal));
 
         const QVariant answer = m_answers.isEmpty() ? QVariant() : m_answers.takeFirst();
         QObject* target = modal;
@@ -76,22 +64,18 @@ private:
             QAbstractButton* button = box->button(QMessageBox::StandardButton(answer.toInt()));
             target = button ? button : box->escapeButton() ? box->escapeButton() : box->buttons().value(0);
             slot = "click";
-        } else if (files) {
+        } else if (files && !answer.toString().isEmpty()) {
             m_files = files;
             m_fileName = answer.toString();
-            if (!m_fileName.isEmpty()) {
-                chooseFile();
-                return;
-            }
+            return chooseFile();
         }
         // Queued: an answer may open the next dialog, which this timer answers.
         QMetaObject::invokeMethod(target, slot, Qt::QueuedConnection);
     }
 
+    // The name field keeps what a user types: a name is put there only while it has no focus.
     void chooseFile()
     {
-        // The name field keeps what a user types: a name is put there only
-        // while it has no focus.
         if (QWidget* focus = m_files->focusWidget())
             focus->clearFocus();
         m_files->selectFile(m_fileName);

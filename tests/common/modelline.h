@@ -17,32 +17,96 @@
 #include <QVariant>
 #include <QtTest>
 
+#include <array>
+
 inline QByteArray hx(const char* hex)
 {
     return QByteArray::fromHex(hex);
 }
 
-// An answer with response code 0 and no data at all, for a command.
-inline hartsim::Fault emptyAnswer(int command)
+// A fault of this kind for the command (-1: any), with the response code it sets.
+inline hartsim::Fault fault(hartsim::Fault::Kind kind, int command = -1, int code = 0)
 {
     hartsim::Fault fault;
-    fault.kind = hartsim::Fault::ResponseCode;
+    fault.kind = kind;
     fault.command = command;
-    fault.code = 0;
-    fault.keepData = false;
+    fault.code = code;
     return fault;
 }
 
-// The same value and the same type (floats stay float, bytes int), or for a
-// simulator parameter, which keeps floats, ints, doubles and flags as they
-// came, the same number. An empty text when they match.
-inline QString mismatch(const QString& key, const QVariant& actual, const QVariant& expected, bool asNumber = false)
+// An answer with response code 0 and no data at all, for a command.
+inline hartsim::Fault emptyAnswer(int command)
 {
-    const bool same = asNumber ? actual.isValid() && actual.toDouble() == expected.toDouble()
-                               : actual.typeId() == expected.typeId() && actual == expected;
-    return same ? QString()
-                : QStringLiteral("%1: %2 (%3), expected %4 (%5)")
-                      .arg(key, actual.toString(), actual.typeName(), expected.toString(), expected.typeName());
+    return fault(hartsim::Fault::ResponseCode, command);
+}
+
+inline QStringList sorted(QStringList list)
+{
+    list.sort();
+    return list;
+}
+
+// The keys of the map against those expected: the same value and the same
+// type (floats stay float, bytes int), or for a simulator parameter, which
+// keeps floats, ints, doubles and flags as they came, the same number. An
+// empty text when all match.
+inline QString mismatches(const QVariantMap& actual, const QVariantMap& expected, bool asNumber = false)
+{
+    QStringList wrong;
+    for (auto it = expected.constBegin(); it != expected.constEnd(); ++it) {
+        const QVariant a = actual.value(it.key());
+        if (asNumber ? !a.isValid() || a.toDouble() != it->toDouble() : a.typeId() != it->typeId() || a != *it)
+            wrong << QStringLiteral("%1: %2 (%3), expected %4 (%5)")
+                         .arg(it.key(), a.toString(), a.typeName(), it->toString(), it->typeName());
+    }
+    return wrong.join(QStringLiteral("; "));
+}
+
+// Fails with the text, unless it is empty.
+#define VERIFY_NO_MISMATCH(text)                                                                                       \
+    do {                                                                                                               \
+        const QString wrong_ = (text);                                                                                 \
+        QVERIFY2(wrong_.isEmpty(), qPrintable(wrong_));                                                                \
+    } while (false)
+
+// The columns of a data table, named in order: addColumns<int, QString>({"command", "label"}).
+template <typename... T>
+void addColumns(const std::array<const char*, sizeof...(T)>& names)
+{
+    std::size_t i = 0;
+    (QTest::addColumn<T>(names[i++]), ...);
+}
+
+// A map written as "key=value; ...": 12 an int, 12u unsigned, 1.5f a float,
+// 1.5 a double, true or false a flag, 'text' a text, #0a1b bytes, nothing
+// an invalid value.
+inline QVariantMap vmap(const char* spec)
+{
+    QVariantMap map;
+    for (const QString& item : QString::fromUtf8(spec).split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        const QString v = item.section(QLatin1Char('='), 1).trimmed();
+        QVariant value = v.isEmpty() ? QVariant() : QVariant(v.toInt(nullptr, 0));
+        if (v.startsWith(QLatin1Char('\'')))
+            value = v.mid(1, v.size() - 2);
+        else if (v.startsWith(QLatin1Char('#')))
+            value = QByteArray::fromHex(v.mid(1).toLatin1());
+        else if (v == QLatin1String("true") || v == QLatin1String("false"))
+            value = v == QLatin1String("true");
+        else if (v.endsWith(QLatin1Char('f')) && !v.startsWith(QLatin1String("0x")))
+            value = v.chopped(1).toFloat();
+        else if (v.endsWith(QLatin1Char('u')))
+            value = v.chopped(1).toUInt(nullptr, 0);
+        else if (v.contains(QLatin1Char('.')))
+            value = v.toDouble();
+        map.insert(item.section(QLatin1Char('='), 0, 0).trimmed(), value);
+    }
+    return map;
+}
+
+inline void setInfo(Device* device, const QVariantMap& info)
+{
+    for (auto it = info.constBegin(); it != info.constEnd(); ++it)
+        device->setDeviceInfo(it.key(), it.value());
 }
 
 class ModelLine
@@ -79,6 +143,26 @@ public:
         return device;
     }
 
+    // The same, with the line's log cleared of the identification.
+    Device* identifyAndClearLog(const QString& templateName, int pollingAddress)
+    {
+        Device* device = identify(templateName, pollingAddress);
+        m_sim.line().clearLog();
+        return device;
+    }
+
+    // start() and identify() for a test's init(): the device, or null with
+    // the reason in error.
+    Device* startWith(const QString& templateName, int pollingAddress, QString* error)
+    {
+        if (!start(error))
+            return nullptr;
+        Device* device = identify(templateName, pollingAddress);
+        if (!device)
+            *error = QStringLiteral("%1 at %2 is not identified").arg(templateName).arg(pollingAddress);
+        return device;
+    }
+
     void stop()
     {
         // The port goes before the line it talks on.
@@ -88,9 +172,16 @@ public:
         m_dir.leave();
     }
 
-    // One row of a table of reads, columns "command", "label", "values" (what
-    // the device holds, and what is expected back) and "noData" (the answer
-    // carries no data, and every value comes back 0).
+    // A table of reads for checkRead(): "values" is what the device holds and
+    // what is expected back; with "noData" the answer carries no data, and
+    // every value comes back 0.
+    static void readColumns() { addColumns<int, QString, QVariantMap, bool>({"command", "label", "values", "noData"}); }
+    static void readRow(int command, const char* label, const char* values, bool noData = false)
+    {
+        QTest::addRow("%d%s", command, noData ? " without data: zeros" : "")
+            << command << QString(label) << vmap(values) << noData;
+    }
+
     void checkRead(Device* device, int pollingAddress)
     {
         QFETCH(int, command);
@@ -99,32 +190,42 @@ public:
         QFETCH(bool, noData);
 
         // What was there before is replaced, by zeros where the answer falls short.
+        QVariantMap expected;
         for (auto it = values.constBegin(); it != values.constEnd(); ++it) {
-            if (!noData)
-                m_sim.setParam(pollingAddress, it.key(), it.value());
             device->setDeviceInfo(it.key(), QStringLiteral("old"));
+            expected.insert(it.key(), !noData                                   ? it.value()
+                                      : it.value().typeId() == QMetaType::Float ? QVariant(0.0f)
+                                                                                : QVariant(0));
         }
         if (noData)
             m_sim.addFault(pollingAddress, emptyAnswer(command));
+        else
+            m_sim.setParams(pollingAddress, values);
 
         QVERIFY(device->readDevice(command));
-        for (auto it = values.constBegin(); it != values.constEnd(); ++it) {
-            const QVariant expected = !noData                                   ? it.value()
-                                      : it.value().typeId() == QMetaType::Float ? QVariant(0.0f)
-                                                                                : QVariant(0);
-            const QString wrong = mismatch(it.key(), device->deviceInfo().value(it.key()), expected);
-            QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-        }
+        VERIFY_NO_MISMATCH(mismatches(device->deviceInfo(), expected));
         const hartsim::RequestRecord record = m_sim.record(2);
         QCOMPARE(int(record.command), command);
         QCOMPARE(record.data, QByteArray());
         QVERIFY(device->messageLog().contains(QStringLiteral("reading %1 (cmd=%2)...\n").arg(label).arg(command)));
     }
 
-    // One row of a table of writes, columns "command", "label", "access" (the
-    // metrology access is opened first), "simSetup" (parameters of the
-    // simulated device), "info" (the values to write) and "request" (the
-    // bytes expected on the line).
+    // A table of writes for checkWrite(): with "access" the metrology access
+    // is opened first; "simSetup" sets the simulated device, "info" holds the
+    // values to write, "request" the bytes expected on the line, "warning" a
+    // status text the answer brings.
+    static void writeColumns()
+    {
+        addColumns<int, QString, bool, QVariantMap, QVariantMap, QByteArray, QString>(
+            {"command", "label", "access", "simSetup", "info", "request", "warning"});
+    }
+    static void writeRow(int command, const char* label, const char* info, const char* request, bool access = false,
+                         const char* simSetup = "", const char* warning = "")
+    {
+        QTest::addRow("%d %s%s", command, *label ? label : "without a label", *warning ? ": a warning" : "")
+            << command << QString(label) << access << vmap(simSetup) << vmap(info) << hx(request) << QString(warning);
+    }
+
     void checkWrite(Device* device, int pollingAddress)
     {
         QFETCH(int, command);
@@ -132,12 +233,10 @@ public:
         QFETCH(bool, access);
         QFETCH(QVariantMap, simSetup);
         QFETCH(QVariantMap, info);
-        QFETCH(QByteArray, request);
+        QFETCH(QString, warning);
 
-        for (auto it = simSetup.constBegin(); it != simSetup.constEnd(); ++it)
-            m_sim.setParam(pollingAddress, it.key(), it.value());
-        for (auto it = info.constBegin(); it != info.constEnd(); ++it)
-            device->setDeviceInfo(it.key(), it.value());
+        m_sim.setParams(pollingAddress, simSetup);
+        setInfo(device, info);
         if (access)
             QVERIFY(device->sendAdjustCode(12345));
         const int modifyCount = device->getDeviceInfoByte("modify_count");
@@ -147,14 +246,44 @@ public:
         QCOMPARE(errors.size(), 0);
         const hartsim::RequestRecord record = m_sim.record(access ? 3 : 2);
         QCOMPARE(int(record.command), command);
-        QCOMPARE(record.data, request);
+        QTEST(record.data, "request");
         // The device keeps the values under the keys the program has them.
-        for (auto it = info.constBegin(); it != info.constEnd(); ++it) {
-            const QString wrong = mismatch(it.key(), m_sim.param(pollingAddress, it.key()), it.value(), true);
-            QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-        }
+        VERIFY_NO_MISMATCH(mismatches(m_sim.params(pollingAddress, info.keys()), info, true));
         QCOMPARE(device->getDeviceInfoByte("modify_count"), modifyCount + 1);
         QVERIFY(device->messageLog().contains(QStringLiteral("writing %1 (cmd=%2)...\n").arg(label).arg(command)));
+        QCOMPARE(device->statusTexts().contains(warning), !warning.isEmpty());
+    }
+
+    // Metrology access closed, even the save of the manufacturer's settings
+    // is refused. Open, a restore with nothing saved is refused; the save
+    // changes nothing, the command writes the values, and the restore brings
+    // the old ones back, a change of the configuration.
+    void checkManufacturerSettings(Device* device, int pollingAddress, int command, const QVariantMap& info)
+    {
+        const QVariantMap before = m_sim.params(pollingAddress, info.keys());
+        device->setDeviceInfo("manufacturer_settings", 1);
+        QVERIFY(!device->writeDevice(192));
+        QCOMPARE(device->errorText(), QStringLiteral("Command error (error code 16): *** restricted access"));
+        QVERIFY(device->sendAdjustCode(12345));
+        device->setDeviceInfo("manufacturer_settings", 0);
+        QVERIFY(!device->writeDevice(192));
+        QCOMPARE(device->errorText(),
+                 QStringLiteral("Command error (error code 12): *** saved factory settings are missing"));
+
+        const int modifyCount = device->getDeviceInfoByte("modify_count");
+        device->setDeviceInfo("manufacturer_settings", 1);
+        QVERIFY(device->writeDevice(192));
+        QCOMPARE(m_sim.record(5).data, hx("01"));
+        QCOMPARE(device->getDeviceInfoByte("modify_count"), modifyCount);
+        setInfo(device, info);
+        QVERIFY(device->writeDevice(command));
+        VERIFY_NO_MISMATCH(mismatches(m_sim.params(pollingAddress, info.keys()), info, true));
+        device->setDeviceInfo("manufacturer_settings", 0);
+        QVERIFY(device->writeDevice(192));
+        QCOMPARE(m_sim.record(7).data, hx("00"));
+        QCOMPARE(m_sim.params(pollingAddress, info.keys()), before);
+        QCOMPARE(device->getDeviceInfoByte("modify_count"), modifyCount + 2);
+        QVERIFY(device->messageLog().contains(QStringLiteral("writing manufacturer settings (cmd=192)...\n")));
     }
 
     SimulatedLine& sim() { return m_sim; }

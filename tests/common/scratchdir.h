@@ -7,13 +7,10 @@
 
 #include "qjsonsettings.h"
 
-#include <QByteArray>
 #include <QDir>
 #include <QFile>
 #include <QScopedPointer>
-#include <QStringList>
 #include <QTemporaryDir>
-#include <QVariant>
 
 // The lines the message handler is given while a call runs, as they come.
 template <typename Call>
@@ -31,9 +28,6 @@ QStringList logOf(Call call)
 class ScratchDir
 {
 public:
-    ScratchDir() = default;
-    ScratchDir(const ScratchDir&) = delete;
-    ScratchDir& operator=(const ScratchDir&) = delete;
     ~ScratchDir() { leave(); }
 
     // A new directory, made current; false when it cannot be made.
@@ -55,10 +49,12 @@ public:
 
     QString filePath(const QString& name) const { return m_dir->filePath(name); }
 
-    // Writes a file of the directory; its path, or an empty text on failure.
+    // Writes a file of the directory, and the directories it needs; its path,
+    // or an empty text on failure.
     QString writeFile(const QString& name, const QByteArray& content) const
     {
         QFile file(filePath(name));
+        QDir().mkpath(QFileInfo(file).absolutePath());
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
             return QString();
         return file.fileName();
@@ -70,9 +66,8 @@ public:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
     }
 
-    // The value stored under key in a configuration file of the directory,
-    // as the program keeps its configuration, and read back from it. The
-    // file's text goes to text. An invalid variant when writing fails.
+    // The value stored under key in a configuration file of the directory and
+    // read back (the file's text to text); invalid when writing fails.
     QVariant throughConfigFile(const QString& key, const QVariant& value, QByteArray* text = nullptr) const
     {
         const QString file = filePath(QStringLiteral("config.json"));

@@ -70,6 +70,20 @@ public:
         m_line->withDevice(pollingAddress, [&](hartsim::SimDevice& d) { d.setParam(key, value); });
     }
 
+    QVariantMap params(int pollingAddress, const QStringList& keys)
+    {
+        QVariantMap values;
+        for (const QString& key : keys)
+            values.insert(key, param(pollingAddress, key));
+        return values;
+    }
+
+    void setParams(int pollingAddress, const QVariantMap& values)
+    {
+        for (auto it = values.constBegin(); it != values.constEnd(); ++it)
+            setParam(pollingAddress, it.key(), it.value());
+    }
+
     // The n-th request the line served (from 1), once it is served: the
     // line logs a request when its answer has gone out. An empty record
     // when it does not come within 3 s.

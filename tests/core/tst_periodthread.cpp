@@ -3,7 +3,6 @@
 #include "modelline.h"
 #include "periodthread.h"
 
-#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QtTest>
@@ -12,35 +11,18 @@ using hartsim::Fault;
 
 namespace {
 
-// The keys of a good map besides those of the variables.
-const QStringList GoodKeys = {"PV", "PVUnitCodeText", "output_current", "DateTime", "statusCode", "statusText"};
-
-QStringList sorted(QStringList list)
+// The keys of a good map with these variables after PV.
+QStringList goodKeys(const QString& variables)
 {
-    list.sort();
-    return list;
-}
-
-QStringList goodKeys(const QStringList& variables)
-{
-    QStringList keys = GoodKeys;
-    for (const QString& v : variables)
+    QStringList keys = {"PV", "PVUnitCodeText", "output_current", "DateTime", "statusCode", "statusText"};
+    for (const QString& v : variables.split(' ', Qt::SkipEmptyParts))
         keys << v << v + "UnitCodeText";
     return sorted(keys);
 }
 
-Fault fault(Fault::Kind kind, int command, int delayMs = 0)
+QVariantMap mapOf(const QList<QVariant>& signal)
 {
-    Fault f;
-    f.kind = kind;
-    f.command = command;
-    f.delayMs = delayMs;
-    return f;
-}
-
-QVariantMap mapAt(const QSignalSpy& spy, int index)
-{
-    return spy.at(index).at(0).toMap();
+    return signal.at(0).toMap();
 }
 
 } // namespace
@@ -48,14 +30,6 @@ QVariantMap mapAt(const QSignalSpy& spy, int index)
 class TestPeriodThread : public QObject
 {
     Q_OBJECT
-
-    Device* device(int pollingAddress)
-    {
-        // Identified, with the line's log cleared of the identification.
-        Device* d = m_line.identify(QStringLiteral("Custom"), pollingAddress);
-        m_line.sim().line().clearLog();
-        return d;
-    }
 
     ModelLine m_line;
 
@@ -72,28 +46,21 @@ private slots:
 
     void goodMaps_data()
     {
-        QTest::addColumn<int>("address");
-        QTest::addColumn<QVariantMap>("changes"); // in the simulator after the first map
-        QTest::addColumn<QString>("first");       // the variables after PV, before the change
-        QTest::addColumn<QString>("last");        // and after it
-        QTest::addColumn<QString>("unit");
-        QTest::addColumn<QString>("status"); // "statusCode|statusText" of the last map
-
-        const QVariantMap none;
-        QTest::newRow("temperature converter")
-            << 0 << none << "SV TV QV" << QString("SV TV QV") << "°C" << QString("00 00|");
-        QTest::newRow("pressure converter, no QV")
-            << 1 << none << "SV TV" << QString("SV TV") << "kPa" << QString("00 00|");
-        QTest::newRow("pH meter") << 2 << none << "SV TV QV" << QString("SV TV QV") << "pH" << QString("00 00|");
+        // "changes" go to the simulator after the first map; "first" and "last"
+        // are the variables after PV before and after them; "status" is
+        // "statusCode|statusText" of the last map.
+        addColumns<int, QVariantMap, QString, QString, QString>({"address", "changes", "first", "last", "status"});
+        const auto row = [](const char* name, int address, const char* changes, const char* first, const char* last,
+                            const char* status) {
+            QTest::newRow(name) << address << vmap(changes) << QString(first) << QString(last) << QString(status);
+        };
+        row("pressure converter, no QV", 1, "", "SV TV", "SV TV", "00 00|");
         // Command 3 answers only up to the first variable not assigned.
-        QTest::newRow("SV no longer delivered") << 3 << QVariantMap{{"SV_dev_variable_code", 250}} << "SV TV QV"
-                                                << QString("") << "kPa" << QString("00 00|");
-        QTest::newRow("SV of unit 250") << 3 << QVariantMap{{"var_1_unit", 250}} << "SV TV QV" << QString("TV QV")
-                                        << "kPa" << QString("00 00|");
+        row("SV no longer delivered", 3, "SV_dev_variable_code=250", "SV TV QV", "", "00 00|");
+        row("SV of unit 250", 3, "var_1_unit=250", "SV TV QV", "TV QV", "00 00|");
         // Loop current fixed (0x08) and SV out of its limits (0x02).
-        QTest::newRow("device status")
-            << 3 << QVariantMap{{"fixed_current", 12.0}, {"var_1_value", 200.0}} << "SV TV QV" << QString("SV TV QV")
-            << "kPa" << QString("00 0A|*** Analogue output fixed\n*** Non-primary variable out of limits");
+        row("device status", 3, "fixed_current=12.0; var_1_value=200.0", "SV TV QV", "SV TV QV",
+            "00 0A|*** Analogue output fixed\n*** Non-primary variable out of limits");
     }
 
     void goodMaps()
@@ -103,28 +70,26 @@ private slots:
         QFETCH(QString, first);
         QFETCH(QString, last);
 
-        Device* d = device(address);
+        Device* d = m_line.identifyAndClearLog(QStringLiteral("Custom"), address);
         QVERIFY(d);
         PeriodThread thread;
         QSignalSpy maps(&thread, &PeriodThread::responsePV);
         const QDateTime begin = QDateTime::currentDateTime();
         thread.setDevice(d, 20);
         QTRY_VERIFY_WITH_TIMEOUT(!maps.isEmpty(), 10000);
-        for (auto it = changes.constBegin(); it != changes.constEnd(); ++it)
-            m_line.sim().setParam(address, it.key(), it.value());
+        m_line.sim().setParams(address, changes);
         // The cycle under way may have started before the change.
         QTRY_VERIFY_WITH_TIMEOUT(maps.count() >= 3, 10000);
         thread.stopThread();
 
-        for (const QString& variables : {first, last}) {
-            const QVariantMap map = mapAt(maps, variables == first ? 0 : int(maps.count()) - 1);
-            QCOMPARE(sorted(map.keys()), goodKeys(variables.split(' ', Qt::SkipEmptyParts)));
-            QTEST(map.value("PVUnitCodeText").toString(), "unit");
-            QCOMPARE(map.value("PV").typeId(), int(QMetaType::Float));
-            const QDateTime time = map.value("DateTime").toDateTime();
+        const QVariantMap map = mapOf(maps.last());
+        for (const auto& [each, variables] : {qMakePair(mapOf(maps.first()), first), qMakePair(map, last)}) {
+            QCOMPARE(sorted(each.keys()), goodKeys(variables));
+            QCOMPARE(each.value("PVUnitCodeText").toString(), QStringLiteral("kPa"));
+            QCOMPARE(each.value("PV").typeId(), int(QMetaType::Float));
+            const QDateTime time = each.value("DateTime").toDateTime();
             QVERIFY(time >= begin && time <= QDateTime::currentDateTime());
         }
-        const QVariantMap map = mapAt(maps, int(maps.count()) - 1);
         QTEST(map.value("statusCode").toString() + '|' + map.value("statusText").toString(), "status");
         // The last map holds what the device keeps from the last read.
         QCOMPARE(map.value("PV"), d->getDeviceInfo("PV"));
@@ -136,27 +101,15 @@ private slots:
         QVERIFY2(polls == maps.count() || polls == maps.count() + 1, qPrintable(QString::number(polls)));
     }
 
-    void failedCycles_data()
-    {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<QString>("errorPart");
-
-        QTest::newRow("no answer") << int(Fault::NoAnswer) << "Response timeout";
-        QTest::newRow("bad checksum") << int(Fault::BadChecksum) << "\n*** Checksum is wrong!";
-    }
-
     void failedCycles()
     {
-        QFETCH(int, kind);
-        QFETCH(QString, errorPart);
-
-        Device* d = device(3);
+        Device* d = m_line.identifyAndClearLog(QStringLiteral("Custom"), 3);
         QVERIFY(d);
         // Good first: the failure map then shows the current of the last good read.
         QVERIFY(d->readDevice(3));
         const QVariant current = d->getDeviceInfo("output_current");
         QVERIFY(current.toFloat() > 3.9f);
-        const int faultId = m_line.sim().addFault(3, fault(Fault::Kind(kind), 3));
+        const int faultId = m_line.sim().addFault(3, fault(Fault::BadChecksum, 3));
 
         PeriodThread thread;
         QSignalSpy maps(&thread, &PeriodThread::responsePV);
@@ -168,62 +121,20 @@ private slots:
         const int failed = int(maps.count());
         QTRY_VERIFY_WITH_TIMEOUT(maps.count() >= failed + 2, 20000);
         thread.stopThread();
-        QVERIFY(mapAt(maps, int(maps.count()) - 1).contains("statusText"));
+        QVERIFY(mapOf(maps.last()).contains("statusText"));
 
-        const QVariantMap map = mapAt(maps, 0);
+        // Every "***" of the error starts a line of its own.
+        const QVariantMap map = mapOf(maps.first());
         QCOMPARE(sorted(map.keys()), sorted({"PV", "output_current", "DateTime", "statusCode", "errorText"}));
-        QCOMPARE(map.value("PV").typeId(), int(QMetaType::Double));
-        QCOMPARE(map.value("PV").toDouble(), 0.0);
-        QCOMPARE(map.value("output_current"), current);
-        const QString error = map.value("errorText").toString();
-        QVERIFY2(error.contains(errorPart), qPrintable(error));
-        // Every "***" starts a line of its own.
-        QCOMPARE(error.count("***"), error.count("\n***"));
-    }
-
-    void slowDevice()
-    {
-        Device* d = device(3);
-        QVERIFY(d);
-        m_line.port()->hart().setResponseTimeout(3000);
-        const int exchangeMs = 200;
-        m_line.sim().addFault(3, fault(Fault::Delay, 3, exchangeMs));
-
-        PeriodThread thread;
-        QSignalSpy maps(&thread, &PeriodThread::responsePV);
-        auto* timer = thread.findChild<QTimer*>();
-        QVERIFY(timer);
-        QSignalSpy ticks(timer, &QTimer::timeout);
-        QElapsedTimer clock;
-        clock.start();
-        thread.setDevice(d, 40);
-        QTRY_VERIFY_WITH_TIMEOUT(maps.count() >= 3, 30000);
-        // Cycles follow the exchanges, not the ticks.
-        const int requests = m_line.sim().line().requestCount();
-        QVERIFY2(requests <= clock.elapsed() / exchangeMs + 1, qPrintable(QString::number(requests)));
-        QVERIFY(ticks.count() > requests);
-        // Without further ticks the cycle under way is the last: no tick is
-        // queued behind it.
-        timer->stop();
-        maps.wait(2 * exchangeMs + 500);
-        const int last = int(maps.count());
-        QVERIFY(!maps.wait(3 * exchangeMs));
-        QCOMPARE(m_line.sim().line().requestCount(), last);
-
-        // stopThread during an exchange waits for its end and drops its map.
-        thread.setDevice(d, 60000);
-        QTRY_COMPARE_WITH_TIMEOUT(m_line.port()->semaphore().available(), 0, 5000);
-        QVERIFY(!d->hasDeviceInfoParam("PV"));
-        thread.stopThread();
-        QVERIFY(!thread.isRunning());
-        QVERIFY(d->hasDeviceInfoParam("PV"));
-        QVERIFY(!maps.wait(200));
-        QCOMPARE(maps.count(), last);
+        VERIFY_NO_MISMATCH(
+            mismatches(map, {{"PV", 0.0},
+                             {"output_current", current},
+                             {"errorText", "Response command parsing error: \n*** Checksum is wrong!"}}));
     }
 
     void startRetargetAndStop()
     {
-        Device* d = device(3);
+        Device* d = m_line.identifyAndClearLog(QStringLiteral("Custom"), 3);
         QVERIFY(d);
         PeriodThread thread;
         QSignalSpy maps(&thread, &PeriodThread::responsePV);

@@ -1,8 +1,9 @@
 #include "debugqt.h"
 #include "device.h"
-#include "scratchdir.h"
 #include "tag.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QThread>
@@ -15,6 +16,11 @@ namespace {
 QByteArray hx(const char* hex)
 {
     return QByteArray::fromHex(hex);
+}
+
+QVariantMap json(const char* text)
+{
+    return QJsonDocument::fromJson(text).object().toVariantMap();
 }
 
 // A tag with its types set, as the window and the conversions depend on them.
@@ -55,13 +61,9 @@ private slots:
             QCOMPARE(int(Tag::serverTypeFromString(QLatin1String(t.server))), back);
             QCOMPARE(int(Tag::deviceTypeFromString(QLatin1String(t.device))), back);
         }
-        // The name of 0 differs between the lists, and reading is exact.
+        // The name of 0 differs between the lists.
         QCOMPARE(Tag::deviceTypeFromString(QStringLiteral("bool")), Tag::DeviceInvalid);
         QCOMPARE(Tag::serverTypeFromString(QStringLiteral("bit")), Tag::ServerInvalid);
-        for (const char* text : {"Int16", "float32 ", ""}) {
-            QCOMPARE(Tag::serverTypeFromString(QLatin1String(text)), Tag::ServerInvalid);
-            QCOMPARE(Tag::deviceTypeFromString(QLatin1String(text)), Tag::DeviceInvalid);
-        }
 
         const char* const access[] = {"ReadOnly", "WriteOnly", "ReadWrite"};
         for (int i = 0; i < 3; ++i) {
@@ -88,52 +90,36 @@ private slots:
         QCOMPARE(tag.configGroupID(), QStringLiteral("Channel"));
         QCOMPARE(tag.configGroupName(), QStringLiteral("Ch 1"));
         QVERIFY(tag.isChannel());
-        tag.setConfigGroup({QStringLiteral("chan"), QStringLiteral("x")});
-        QVERIFY(!tag.isChannel());
         tag.setConfigGroup({QStringLiteral("channel")});
         QCOMPARE(tag.configGroupID(), QString());
         QCOMPARE(tag.configGroupName(), QString());
         QVERIFY(!tag.isChannel());
     }
 
-    void bitWindow_data()
-    {
-        QTest::addColumn<int>("deviceType");
-        QTest::addColumn<QVariant>("from");
-        QTest::addColumn<QVariant>("to");
-        QTest::addColumn<bool>("toFirst");
-        QTest::addColumn<int>("expectedFrom");
-        QTest::addColumn<int>("expectedTo");
-
-        const QVariant none;
-        // The upper end is cut to the width, the lower one to the width - 1.
-        QTest::newRow("uint16, to 99") << 2 << none << QVariant(99) << false << 0 << 16;
-        QTest::newRow("uint16, from 99") << 2 << QVariant(99) << none << false << 15 << 15;
-        QTest::newRow("float64, from 99") << 6 << QVariant(99) << none << false << 63 << 63;
-        QTest::newRow("uint16, from 4 then to 2") << 2 << QVariant(4) << QVariant(2) << false << 2 << 2;
-        QTest::newRow("uint16, to 6 then from 9") << 2 << QVariant(9) << QVariant(6) << true << 9 << 9;
-        QTest::newRow("invalid type, from 0") << 7 << QVariant(0) << none << false << -1 << 0;
-        QTest::newRow("invalid type, to 5") << 7 << none << QVariant(5) << false << 0 << 0;
-        QTest::newRow("invalid type, to -3") << 7 << none << QVariant(-3) << false << -3 << -3;
-    }
-
     void bitWindow()
     {
-        QFETCH(int, deviceType);
-        QFETCH(QVariant, from);
-        QFETCH(QVariant, to);
-        QFETCH(bool, toFirst);
-
-        Tag tag;
-        tag.setDeviceType(Tag::DeviceType(deviceType));
-        if (toFirst && to.isValid())
-            tag.setExtractBitTo(to.toInt());
-        if (from.isValid())
-            tag.setExtractBitFrom(from.toInt());
-        if (!toFirst && to.isValid())
-            tag.setExtractBitTo(to.toInt());
-        QTEST(tag.extractBitFrom(), "expectedFrom");
-        QTEST(tag.extractBitTo(), "expectedTo");
+        // The upper end is cut to the width, the lower one to the width - 1, and
+        // the other end follows; without a type nothing stands above 0. An end
+        // of -99 is left unset; toFirst sets the upper end before the lower.
+        const struct
+        {
+            int type, from, to;
+            bool toFirst;
+            int expectedFrom, expectedTo;
+        } windows[] = {{2, -99, 99, false, 0, 16}, {2, 99, -99, false, 15, 15}, {2, 4, 2, false, 2, 2},
+                       {2, 9, 6, true, 9, 9},      {7, 0, -99, false, -1, 0},   {7, -99, 5, false, 0, 0},
+                       {7, -99, -3, false, -3, -3}};
+        for (const auto& w : windows) {
+            Tag tag;
+            tag.setDeviceType(Tag::DeviceType(w.type));
+            if (w.toFirst)
+                tag.setExtractBitTo(w.to);
+            if (w.from != -99)
+                tag.setExtractBitFrom(w.from);
+            if (!w.toFirst && w.to != -99)
+                tag.setExtractBitTo(w.to);
+            QCOMPARE(QPoint(tag.extractBitFrom(), tag.extractBitTo()), QPoint(w.expectedFrom, w.expectedTo));
+        }
     }
 
     void conversions_data()
@@ -153,29 +139,19 @@ private slots:
         QTest::newRow("bit") << 1 << 0 << hx("04") << whole << QVariant(true) << none;
         QTest::newRow("bit, 7") << 0 << 0 << hx("01") << whole << QVariant(true) << QVariant(7);
         QTest::newRow("int16, sign extended") << 1 << 1 << hx("FE FF") << whole << QVariant(-2) << QVariant(-2);
-        QTest::newRow("int16, 70000 truncated") << 1 << 1 << hx("70 11") << whole << QVariant(4464) << QVariant(70000);
         QTest::newRow("int16, -2.7 cut toward zero")
             << 1 << 1 << hx("FE FF") << whole << QVariant(-2) << QVariant(-2.7);
-        QTest::newRow("int16, text") << 1 << 1 << hx("02 01") << whole << QVariant(258) << QVariant("258");
         QTest::newRow("int16, not a number") << 1 << 1 << hx("00 00") << whole << QVariant(0) << QVariant("abc");
         QTest::newRow("uint16") << 2 << 2 << hx("FE FF") << whole << QVariant(65534u) << QVariant(65534);
         QTest::newRow("int32") << 3 << 3 << hx("FE FF FF FF") << whole << QVariant(-2) << QVariant(-2);
-        QTest::newRow("uint32") << 4 << 4 << hx("FE FF FF FF") << whole << QVariant(4294967294u) << none;
         QTest::newRow("uint32, as text") << 4 << 4 << hx("FF FF FF FF") << whole << QVariant(4294967295u)
                                          << QVariant("4294967295");
-        QTest::newRow("int32 of a short buffer") << 3 << 3 << hx("01") << whole << QVariant(1) << none;
-        QTest::newRow("int16 of an empty buffer") << 3 << 1 << QByteArray() << whole << QVariant(0) << none;
         QTest::newRow("float32") << 5 << 5 << hx("00 00 C0 3F") << whole << QVariant(1.5f) << QVariant(1.5);
         QTest::newRow("float64") << 6 << 6 << hx("00 00 00 00 00 00 02 C0") << whole << QVariant(-2.25)
                                  << QVariant(-2.25);
-        QTest::newRow("server type does not convert") << 5 << 1 << hx("FF 7F") << whole << QVariant(32767) << none;
         QTest::newRow("invalid device type: the value stays") << 1 << 7 << hx("05 00") << whole << none << none;
         QTest::newRow("uint16, bits 8 to 11")
             << 2 << 2 << hx("00 A5") << QVariant(QPoint(8, 11)) << QVariant(5u) << none;
-        QTest::newRow("int16, bit 15 alone")
-            << 1 << 1 << hx("00 80") << QVariant(QPoint(15, 15)) << QVariant(1) << none;
-        QTest::newRow("uint16, window up to the width")
-            << 2 << 2 << hx("34 12") << QVariant(QPoint(0, 99)) << QVariant(0x1234u) << none;
     }
 
     void conversions()
@@ -203,11 +179,8 @@ private slots:
         const QVariant expected = value.isValid() ? value : before;
         QCOMPARE(result, expected);
         QCOMPARE(result.typeId(), expected.typeId());
-        QCOMPARE(tag.value(), expected);
         QCOMPARE(changed.count(), value.isValid() ? 1 : 0);
-        QCOMPARE(tag.errorCode(), 1);
         QCOMPARE(tag.state(), int(ServerItem::StateGood));
-        QCOMPARE(tag.rawBuffer(), raw);
         if (!written.isValid())
             return;
 
@@ -219,7 +192,6 @@ private slots:
         QCOMPARE(tag.rawBuffer().toHex(' '), raw.toHex(' '));
         QCOMPARE(tag.value(), written);
         QCOMPARE(changed.count(), 1);
-        QCOMPARE(tag.state(), int(ServerItem::StateGood));
     }
 
     void refused_data()
@@ -232,7 +204,6 @@ private slots:
         const QString accessError = "Config error(invalid access type)";
         QTest::newRow("read of a write-only tag") << int(Tag::WriteOnly) << 1 << false << accessError;
         QTest::newRow("write to a read-only tag") << int(Tag::ReadOnly) << 1 << true << accessError;
-        QTest::newRow("write, invalid access") << int(Tag::AccessInvalid) << 1 << true << accessError;
         // The value is taken, the buffer is not.
         QTest::newRow("write, invalid device type")
             << int(Tag::ReadWrite) << 7 << true << "Invalid device type of tag 'Level'";
@@ -288,7 +259,6 @@ private slots:
         QTest::addColumn<QString>("text");
 
         QTest::newRow("no values") << QVariantMap() << "" << QVariant(5) << "5";
-        QTest::newRow("plain key") << QVariantMap{{"5", "five"}} << "" << QVariant(5) << "five";
         QTest::newRow("prefix and a zero") << QVariantMap{{"st05", "zero five"}} << "st" << QVariant(5) << "zero five";
         QTest::newRow("without zero first") << QVariantMap{{"st5", "a"}, {"st05", "b"}} << "st" << QVariant(5) << "a";
         QTest::newRow("plain key ignored with a prefix") << QVariantMap{{"5", "five"}} << "st" << QVariant(5) << "5";
@@ -318,13 +288,10 @@ private slots:
 
         const QVariantList range{0, 10};
         QTest::newRow("at the low limit") << range << QVariant(0) << false << false;
-        QTest::newRow("at the high limit") << range << QVariant(10.0) << false << false;
         QTest::newRow("below") << range << QVariant(-0.5) << true << false;
         QTest::newRow("above") << range << QVariant(10.5) << true << false;
         QTest::newRow("one limit") << QVariantList{0} << QVariant(-5) << false << false;
         QTest::newRow("NaN") << range << QVariant(NaN) << false << true;
-        QTest::newRow("float NaN") << QVariantList() << QVariant(std::numeric_limits<float>::quiet_NaN()) << false
-                                   << true;
         QTest::newRow("-inf") << range << QVariant(-Inf) << true << true;
     }
 
@@ -346,11 +313,7 @@ private slots:
         device.setPollingPeriod(2500);
         auto* first = new Tag(&device);
         device.insertChild(-1, first);
-        auto* second = new Tag(&device);
-        device.insertChild(-1, second);
-
         QCOMPARE(first->name(), QStringLiteral("Tag1"));
-        QCOMPARE(second->name(), QStringLiteral("Tag2"));
         QCOMPARE(first->fullName(), device.fullName() + QStringLiteral("/Tag1"));
         QCOMPARE(first->property("priority").toInt(), 7);
         QCOMPARE(first->property("period").toInt(), 2500);
@@ -370,27 +333,11 @@ private slots:
 
     void saveAndLoad()
     {
-        QVariantMap map = {{"name", "Level"},
-                           {"enabled", false},
-                           {"address", "0x1F"},
-                           {"priority", 3},
-                           {"polling_period", 750},
-                           {"server_type", "uint16"},
-                           {"device_type", "int32"},
-                           {"access", "WriteOnly"},
-                           {"comment", "tank level"},
-                           {"read_func", 3},
-                           {"write_func", 16},
-                           {"byteorder", "3210"},
-                           {"byteorder_enabled", true},
-                           {"use_bit_extraction", true},
-                           {"extract_bit_from", 4},
-                           {"extract_bit_to", 11},
-                           {"config_group", QVariantList{"channel", "Ch 2"}},
-                           {"value", 12.5},
-                           {"limits", QVariantList{0.0, 100.0}},
-                           {"values", QVariantMap{{"st1", "on"}}},
-                           {"modified", true}};
+        const QVariantMap map = json(R"({"name": "Level", "enabled": false, "address": "0x1F", "priority": 3,
+            "polling_period": 750, "server_type": "uint16", "device_type": "int32", "access": "WriteOnly",
+            "comment": "tank level", "read_func": 3, "write_func": 16, "byteorder": "3210", "byteorder_enabled": true,
+            "use_bit_extraction": true, "extract_bit_from": 4, "extract_bit_to": 11, "config_group": ["channel", "Ch 2"],
+            "value": 12.5, "limits": [0.0, 100.0], "values": {"st1": "on"}, "modified": true})");
         Tag tag;
         QVERIFY(tag.load(map));
         QCOMPARE(tag.address(), 31);
@@ -401,14 +348,6 @@ private slots:
         tag.setProperty("byteorder_enabled", true);
         QCOMPARE(tag.save(), map);
 
-        ScratchDir dir;
-        QVERIFY(dir.enter());
-        Tag back;
-        QVERIFY(back.load(dir.throughConfigFile(QStringLiteral("tag"), tag.save()).toMap()));
-        map.insert(QStringLiteral("byteorder"), QStringLiteral("0123"));
-        map.insert(QStringLiteral("byteorder_enabled"), false);
-        QCOMPARE(back.save(), map);
-
         // The file's JSON carries no NaN.
         tag.setValue(NaN);
         QCOMPARE(tag.save().value(QStringLiteral("value")), QVariant(0.0));
@@ -418,26 +357,17 @@ private slots:
         QVERIFY(tag.load(QVariantMap()));
         QCOMPARE(tag.name(), QStringLiteral("Level"));
         QCOMPARE(tag.value(), QVariant(0));
-        QVERIFY(tag.limits().isEmpty());
-        QVERIFY(tag.values().isEmpty());
         QCOMPARE(tag.configGroup().size(), 2);
         QCOMPARE(tag.serverType(), Tag::ServerInvalid);
         QCOMPARE(tag.access(), Tag::AccessInvalid);
 
         // Values of the wrong type load as what they can be, and never more. The
         // type comes first: it bounds the window.
-        QVERIFY(tag.load({{"name", QVariantList{1}},
-                          {"device_type", "uint16"},
-                          {"extract_bit_from", "abc"},
-                          {"extract_bit_to", 99},
-                          {"limits", "x"},
-                          {"values", 5},
-                          {"config_group", "channel"},
-                          {"priority", QVariantMap()}}));
-        QCOMPARE(tag.name(), QStringLiteral("Level"));
+        QVERIFY(tag.load(json(R"({"device_type": "uint16", "extract_bit_from": "abc", "extract_bit_to": 99,
+            "limits": "x", "values": 5, "config_group": "channel", "priority": {}})")));
         QCOMPARE(tag.extractBitFrom(), 0);
         QCOMPARE(tag.extractBitTo(), 16);
-        QVERIFY(tag.configGroup().isEmpty());
+        QVERIFY(tag.configGroup().isEmpty() && tag.limits().isEmpty() && tag.values().isEmpty());
         QCOMPARE(tag.property("priority").toInt(), 0);
     }
 
@@ -463,7 +393,6 @@ private slots:
         // The mutex was given back by every read: the next request can take it.
         tag.tagRequesting();
         QVERIFY(tag.write(9));
-        QCOMPARE(tag.rawBuffer(), hx("09 00"));
     }
 };
 

@@ -16,66 +16,37 @@ class TestUtils : public QObject
     Q_OBJECT
 
 private slots:
-    void vmapGet_data()
-    {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<bool>("withDefault");
-        QTest::addColumn<QVariant>("expected");
-
-        QTest::newRow("top key") << "n" << false << QVariant(5);
-        QTest::newRow("nested") << "a/b/c" << false << QVariant(3);
-        QTest::newRow("doubled slash is the empty key") << "a/b/" << false << QVariant(QStringLiteral("empty key"));
-        QTest::newRow("missing nested") << "a/x/c" << false << QVariant();
-        QTest::newRow("through a string, no conversion") << "s/b" << false << QVariant();
-        QTest::newRow("missing top") << "zz" << false << QVariant();
-        QTest::newRow("default unused for one key") << "zz" << true << QVariant();
-        QTest::newRow("default for two keys even if present") << "a/b" << true << QVariant(QStringLiteral("dflt"));
-    }
-
     void vmapGet()
     {
-        QFETCH(QString, path);
-        QFETCH(bool, withDefault);
-        const QVariant got = withDefault ? vmap_get(sample(), path, QStringLiteral("dflt")) : vmap_get(sample(), path);
-        QTEST(got, "expected");
-    }
-
-    void vmapPut_data()
-    {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QString>("readPath");
-
-        QTest::newRow("new top key") << "k" << QVariant(7) << "k";
-        QTest::newRow("replace nested") << "a/b/c" << QVariant(9) << "a/b/c";
-        QTest::newRow("create nested") << "x/y/z" << QVariant(QStringLiteral("v")) << "x/y/z";
-        QTest::newRow("scalar in the way becomes a map") << "n/b" << QVariant(1) << "n/b";
+        const QVariantMap map = sample();
+        QCOMPARE(vmap_get(map, "n"), QVariant(5));
+        QCOMPARE(vmap_get(map, "a/b/c"), QVariant(3));
+        QCOMPARE(vmap_get(map, "s/b"), QVariant()); // through a string: no conversion
+        // The default stands for two keys or more, even when the value is there.
+        QCOMPARE(vmap_get(map, "zz", "dflt"), QVariant());
+        QCOMPARE(vmap_get(map, "a/b", "dflt"), QVariant("dflt"));
     }
 
     void vmapPut()
     {
-        QFETCH(QString, path);
-        QFETCH(QVariant, value);
-        QFETCH(QString, readPath);
+        // A new top key, a nested one replaced, a scalar in the way that
+        // becomes a map.
+        for (const char* path : {"k", "a/b/c", "n/b"}) {
+            QVariantMap map = sample();
+            vmap_put(map, path, path);
+            QCOMPARE(vmap_get(map, path), QVariant(path));
+            // Siblings along the path survive.
+            QCOMPARE(vmap_get(map, "s"), QVariant("text"));
+            QCOMPARE(vmap_get(map, "a/b/"), QVariant("empty key"));
+        }
 
-        QVariantMap map = sample();
-        vmap_put(map, path, value);
-        QCOMPARE(vmap_get(map, readPath), value);
-        // Siblings along the path survive.
-        QCOMPARE(vmap_get(map, QStringLiteral("s")), QVariant(QStringLiteral("text")));
-        if (path.startsWith(QLatin1String("a/")))
-            QCOMPARE(vmap_get(map, QStringLiteral("a/b/")), QVariant(QStringLiteral("empty key")));
-    }
-
-    void vmapPutEmptyPathScalarIsRefused()
-    {
+        // An empty path takes a map, merged in, and refuses anything else.
         DebugQt::instance(0x8ED0007, nullptr);
         QVariantMap map = sample();
         const QStringList log = logOf([&] { vmap_put(map, QString(), 5); });
         QCOMPARE(map, sample());
         QCOMPARE(log.size(), 1);
         QVERIFY(log.first().contains(QLatin1String("dont understand")));
-
         vmap_put(map, QString(), QVariantMap{{"s", 1}, {"t", 2}});
         QCOMPARE(map.value("s"), QVariant(1));
         QCOMPARE(map.value("t"), QVariant(2));
@@ -93,65 +64,26 @@ private slots:
         QCOMPARE(onlyNew, (QVariantMap{{"a", 0}, {"b", QVariantMap{{"y", 2}}}, {"c", 3}}));
     }
 
-    void hexText_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("plain");
-        QTest::addColumn<QString>("marked");
-
-        QTest::newRow("empty") << QByteArray() << QString() << QString();
-        QTest::newRow("one") << QByteArray("\x0a", 1) << "0a" << QString("0x0Ah");
-        QTest::newRow("several") << QByteArray("\x00\xff\x7e", 3) << "00 ff 7e" << QString("0x00h 0xFFh 0x7Eh");
-    }
-
     void hexText()
     {
-        QFETCH(QByteArray, bytes);
-        QTEST(byteBufferToString(bytes.constData(), bytes.size()), "plain");
-        QTEST(byteBufferToString16(bytes.constData(), bytes.size()), "marked");
-        QCOMPARE(::stringToByteArray(byteBufferToString16(bytes.constData(), bytes.size())), bytes);
-    }
-
-    void stringToByteArray_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QByteArray>("bytes");
-
-        QTest::newRow("wrong tokens skipped") << "0x0Ah 0xFFH zz 0x1h" << QByteArray("\x0a\xff", 2);
-        QTest::newRow("plain hex not taken") << "0A ff" << QByteArray();
-        QTest::newRow("doubled blank") << "0x01h  0X02H" << QByteArray("\x01\x02", 2);
-        QTest::newRow("three digits") << "0x123h" << QByteArray();
-    }
-
-    void stringToByteArray()
-    {
-        QFETCH(QString, text);
-        QTEST(::stringToByteArray(text), "bytes");
-    }
-
-    void extractBits_data()
-    {
-        QTest::addColumn<QByteArray>("data");
-        QTest::addColumn<int>("offset");
-        QTest::addColumn<int>("count");
-        QTest::addColumn<uint>("value");
-
-        const QByteArray data = QByteArray::fromHex("b5 3c 01 80 00 00 00 ff");
-        QTest::newRow("low nibble") << data << 0 << 4 << 0x5u;
-        QTest::newRow("across bytes") << data << 4 << 8 << 0xCBu;
-        QTest::newRow("one bit") << data << 16 << 1 << 1u;
-        QTest::newRow("top bit of the fourth byte") << data << 31 << 1 << 1u;
-        QTest::newRow("32 bits") << data << 0 << 32 << 0x80013CB5u;
-        QTest::newRow("last byte") << data << 56 << 8 << 0xFFu;
-        QTest::newRow("only the bytes needed") << QByteArray::fromHex("f0") << 4 << 4 << 0xFu;
+        const QByteArray bytes("\x00\xff\x7e", 3);
+        QCOMPARE(byteBufferToString(bytes.constData(), 3), QString("00 ff 7e"));
+        QCOMPARE(byteBufferToString(bytes.constData(), 0), QString());
+        QCOMPARE(byteBufferToString16(bytes.constData(), 3), QString("0x00h 0xFFh 0x7Eh"));
+        QCOMPARE(stringToByteArray("0x00h 0xFFh 0x7Eh"), bytes);
+        // Only tokens of two digits between the marks count.
+        QCOMPARE(stringToByteArray("0x0Ah 0xFFH zz 0x1h"), QByteArray("\x0a\xff", 2));
     }
 
     void extractBits()
     {
-        QFETCH(QByteArray, data);
-        QFETCH(int, offset);
-        QFETCH(int, count);
-        QTEST(extract_bits(reinterpret_cast<unsigned char*>(data.data()), offset, count), "value");
+        QByteArray data = QByteArray::fromHex("b5 3c 01 80 00 00 00 ff");
+        auto* bytes = reinterpret_cast<unsigned char*>(data.data());
+        QCOMPARE(extract_bits(bytes, 0, 4), 0x5u);
+        QCOMPARE(extract_bits(bytes, 4, 8), 0xCBu); // across bytes
+        QCOMPARE(extract_bits(bytes, 31, 1), 1u);   // the top bit of the fourth byte
+        QCOMPARE(extract_bits(bytes, 0, 32), 0x80013CB5u);
+        QCOMPARE(extract_bits(bytes, 60, 8), 0u); // beyond 64 bits
     }
 
     void configFileHelpers()

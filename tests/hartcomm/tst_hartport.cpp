@@ -27,415 +27,273 @@ Fault fault(Fault::Kind kind, int value = 0, bool keepData = false)
     return f;
 }
 
-QStringList g_log;
-void collect(QtMsgType, const QMessageLogContext&, const QString& text)
-{
-    g_log << text;
-}
-
 } // namespace
 
 class TestHartPort : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void init();
-    void cleanup();
-    void preambleLists_data();
-    void preambleLists();
-    void preambleLearning_data();
-    void preambleLearning();
-    void preamblesLowered();
-    void resultCodes_data();
-    void resultCodes();
-    void statusOfAGoodAnswer();
-    void identityOfEveryDemoDevice();
-    void commandZeroLayouts_data();
-    void commandZeroLayouts();
-    void packedAscii_data();
-    void packedAscii();
-    void packedAsciiLimits();
-    void timeouts();
-    void openFailureAndClose();
-    void directPath();
-
-private:
-    bool openPort(HartPort& port);
     SimulatedLine m_sim;
-};
 
-void TestHartPort::init()
-{
-    QString error;
-    QVERIFY2(m_sim.start({{"generic", {{"polling_address", 0}, {"tag", "PT-1"}, {"long_tag", "Pump one"}}},
-                          {"hart5", {{"polling_address", 1}}}},
-                         &error),
-             qPrintable(error));
-}
-
-void TestHartPort::cleanup()
-{
-    m_sim.stop();
-}
-
-bool TestHartPort::openPort(HartPort& port)
-{
-    port.setSerialName(m_sim.path());
-    return port.open();
-}
-
-void TestHartPort::preambleLists_data()
-{
-    QTest::addColumn<bool>("byteForm");
-    QTest::addColumn<int>("command");
-    QTest::addColumn<int>("preambles");
-
-    // The two forms deliberately test different lists of commands.
-    QTest::newRow("byte form, command 0: start preambles") << true << 0 << 10;
-    QTest::newRow("byte form, command 1") << true << 1 << 5;
-    QTest::newRow("byte form, command 11") << true << 11 << 5;
-    QTest::newRow("array form, command 1") << false << 1 << 5;
-    QTest::newRow("array form, command 11: start preambles") << false << 11 << 10;
-    QTest::newRow("array form, command 21: start preambles") << false << 21 << 10;
-    QTest::newRow("array form, command 73: start preambles") << false << 73 << 10;
-    QTest::newRow("array form, command 0") << false << 0 << 5;
-}
-
-void TestHartPort::preambleLists()
-{
-    QFETCH(bool, byteForm);
-    QFETCH(int, command);
-    QFETCH(int, preambles);
-
-    HartPort port;
-    QVERIFY(openPort(port));
-    QByteArray response;
-    if (byteForm)
-        port.sendCommand(quint8(0), quint8(command), QByteArray(), response, true);
-    else
-        port.sendCommand(hx("11 2A 00 2A 01"), quint8(command), QByteArray(), response, true);
-    QVERIFY(m_sim.line().waitForRequests(1, 3000));
-    QCOMPARE(m_sim.lastRequestPreambles(), preambles);
-}
-
-void TestHartPort::preambleLearning_data()
-{
-    QTest::addColumn<QVariantMap>("settings");
-    QTest::addColumn<Fault>("spoiler");
-    QTest::addColumn<int>("command");
-    QTest::addColumn<int>("learned");
-
-    const Fault none = fault(Fault::Delay);
-    const Fault three = fault(Fault::Preambles, 3);
-    const Fault seven = fault(Fault::Preambles, 7);
-    QTest::newRow("answer to 0 with 7") << QVariantMap{{"preambles_count", 7}} << none << 0 << 7;
-    QTest::newRow("answer to 0 with 3: floor of 5") << QVariantMap() << three << 0 << 5;
-    QTest::newRow("answer to 11 with 7") << QVariantMap() << seven << 11 << 7;
-    QTest::newRow("answer to 73 with 7") << QVariantMap() << seven << 73 << 7;
-    QTest::newRow("answer to 1 with 7: not learned") << QVariantMap() << seven << 1 << 5;
-    QTest::newRow("min preambles 8 in the identity") << QVariantMap{{"min_preambles_count", 8}} << none << 0 << 8;
-}
-
-void TestHartPort::preambleLearning()
-{
-    QFETCH(QVariantMap, settings);
-    QFETCH(Fault, spoiler);
-    QFETCH(int, command);
-    QFETCH(int, learned);
-
-    for (auto it = settings.constBegin(); it != settings.constEnd(); ++it)
-        m_sim.setParam(0, it.key(), it.value());
-    m_sim.addFault(0, spoiler);
-
-    HartPort port;
-    QVERIFY(openPort(port));
-    QByteArray response;
-    if (command == 11) {
-        QVERIFY(port.sendCommand(hx("00 00 00 00 00"), 11, port.packAscii(QStringLiteral("PT-1    ")), response, true));
-    } else if (command == 73) {
-        m_sim.line().withDevice(0, [](hartsim::SimDevice& d) { d.setButtonPressed(true); });
-        QVERIFY(port.sendCommand(hx("00 00 00 00 00"), 73, QByteArray(), response, true));
-    } else {
-        QVERIFY(port.sendCommand(quint8(0), quint8(command), QByteArray(), response, true));
+    bool openPort(HartPort& port)
+    {
+        port.setSerialName(m_sim.path());
+        return port.open();
     }
-    if (command == 0 || command == 11 || command == 73) {
-        QVariantMap info;
-        QVERIFY(port.parseCommandZeroResponse(response, info));
-        QCOMPARE(info.value("preambles_count").toInt(), settings.value("preambles_count", 5).toInt());
+
+private slots:
+    void init()
+    {
+        QString error;
+        QVERIFY2(m_sim.start({{"generic", {{"polling_address", 0}, {"tag", "PT-1"}, {"long_tag", "Pump one"}}},
+                              {"hart5", {{"polling_address", 1}}}},
+                             &error),
+                 qPrintable(error));
     }
-    QCOMPARE(port.preambles(), learned);
 
-    // What was learned is what the next ordinary command goes out with.
-    m_sim.line().clearFaults();
-    QVERIFY(port.sendCommand(quint8(0), 1, QByteArray(), response, true));
-    QCOMPARE(m_sim.lastRequestPreambles(), learned);
-}
+    void cleanup() { m_sim.stop(); }
 
-void TestHartPort::preamblesLowered()
-{
-    HartPort port;
-    QVERIFY(openPort(port));
-    QByteArray response;
-    m_sim.setParam(0, "preambles_count", 9);
-    QVERIFY(port.sendZeroCommand(0, response, true));
-    QCOMPARE(port.preambles(), 9);
-    // The device is told to use fewer: the next identification lowers the count.
-    QVERIFY(port.sendCommand(quint8(0), 59, hx("06"), response, true));
-    QVERIFY(port.sendZeroCommand(0, response, true));
-    QCOMPARE(port.preambles(), 6);
-    QVERIFY(port.sendCommand(quint8(0), 1, QByteArray(), response, true));
-    QCOMPARE(m_sim.lastRequestPreambles(), 6);
-}
+    void preambleLists_data()
+    {
+        QTest::addColumn<bool>("byteForm");
+        QTest::addColumn<int>("command");
+        QTest::addColumn<int>("preambles");
 
-void TestHartPort::resultCodes_data()
-{
-    QTest::addColumn<Fault>("spoiler");
-    QTest::addColumn<bool>("ok");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("error");
-    QTest::addColumn<QStringList>("status");
+        // The two forms deliberately test different lists of commands.
+        QTest::newRow("byte form, command 0: start preambles") << true << 0 << 10;
+        QTest::newRow("byte form, command 11") << true << 11 << 5;
+        QTest::newRow("array form, command 1") << false << 1 << 5;
+        QTest::newRow("array form, command 11: start preambles") << false << 11 << 10;
+        QTest::newRow("array form, command 21: start preambles") << false << 21 << 10;
+        QTest::newRow("array form, command 73: start preambles") << false << 73 << 10;
+    }
 
-    QTest::newRow("good") << fault(Fault::Delay) << true << 0 << QString() << QStringList();
-    QTest::newRow("noise before the preambles") << fault(Fault::Noise) << true << 0 << QString() << QStringList();
-    QTest::newRow("burst bit") << fault(Fault::Burst) << true << 0 << QString() << QStringList();
-    QTest::newRow("warning still succeeds")
-        << fault(Fault::ResponseCode, 14, true) << true << 0 << QString()
-        << QStringList{QStringLiteral("*** the minimum range is too small - impaired accuracy")};
-    QTest::newRow("wrong checksum") << fault(Fault::BadChecksum) << false << -1
-                                    << "Response command parsing error: *** Checksum is wrong!" << QStringList();
-    QTest::newRow("cut short") << fault(Fault::Truncate, 12) << false << -1
-                               << "Response command parsing error: *** Unexpected end of message!" << QStringList();
-    QTest::newRow("other command") << fault(Fault::WrongCommand) << false << -2
-                                   << "Invalid command response: *** command number check error:  1 / 2"
-                                   << QStringList();
-    QTest::newRow("other address") << fault(Fault::WrongAddress) << false << -2
-                                   << "Invalid command response: *** address check error: 80 / 81" << QStringList();
-    QTest::newRow("device error") << fault(Fault::ResponseCode, 7) << false << -3
-                                  << "Command error (error code 7): *** write protection mode set" << QStringList();
-    QTest::newRow("busy") << fault(Fault::ResponseCode, 32) << false << -3
-                          << "Command error (error code 32): *** device is busy" << QStringList();
-    QTest::newRow("no answer") << fault(Fault::NoAnswer) << false << 12 << "Response timeout (370ms)" << QStringList();
-}
+    void preambleLists()
+    {
+        QFETCH(bool, byteForm);
+        QFETCH(int, command);
+        QFETCH(int, preambles);
 
-void TestHartPort::resultCodes()
-{
-    QFETCH(Fault, spoiler);
-    QFETCH(bool, ok);
-    QFETCH(int, code);
-    QFETCH(QString, error);
-    QFETCH(QStringList, status);
-
-    HartPort port;
-    QVERIFY(openPort(port));
-    QByteArray response;
-    QVERIFY(port.sendCommand(quint8(0), 0, QByteArray(), response, true)); // past the cold start
-    m_sim.addFault(0, spoiler);
-    response = QByteArray("untouched");
-    QCOMPARE(port.sendCommand(quint8(0), 1, QByteArray(), response, true), ok);
-    QCOMPARE(port.error(), code);
-    QCOMPARE(port.errorText(), error);
-    QCOMPARE(port.statusText(), status);
-    if (ok)
-        QCOMPARE(response.size(), 5); // unit and PV
-    else
-        QCOMPARE(response, QByteArray("untouched"));
-    if (code == -3)
-        QCOMPARE(quint8(port.statusCode().at(0)), quint8(spoiler.code));
-}
-
-void TestHartPort::statusOfAGoodAnswer()
-{
-    HartPort port;
-    QVERIFY(openPort(port));
-    QByteArray response;
-    QVERIFY(port.sendCommand(quint8(0), 0, QByteArray(), response, true));
-    QCOMPARE(port.statusText(), QStringList{QStringLiteral("*** Cold start")});
-    QCOMPARE(port.statusCode(), hx("00 20"));
-    // A write that changes the configuration: the device says so.
-    QVERIFY(port.sendCommand(quint8(0), 19, hx("000102"), response, true));
-    QCOMPARE(response, hx("000102"));
-    QCOMPARE(port.statusText(), QStringList{QStringLiteral("*** Configuration changed")});
-    QCOMPARE(m_sim.param(0, "final_assembly_number").toInt(), 0x102);
-}
-
-void TestHartPort::identityOfEveryDemoDevice()
-{
-    m_sim.stop();
-    QString error;
-    QVERIFY2(m_sim.startDemo(&error), qPrintable(error));
-    DebugQt::instance(0x8ED0007, nullptr);
-    g_log.clear();
-    const QtMessageHandler previous = qInstallMessageHandler(collect);
-
-    HartPort port;
-    QVERIFY(openPort(port));
-    for (int address = 0; address < 4; ++address) {
+        HartPort port;
+        QVERIFY(openPort(port));
         QByteArray response;
-        QVERIFY2(port.sendZeroCommand(quint8(address), response, true), qPrintable(port.errorText()));
+        if (byteForm)
+            port.sendCommand(quint8(0), quint8(command), QByteArray(), response, true);
+        else
+            port.sendCommand(hx("11 2A 00 2A 01"), quint8(command), QByteArray(), response, true);
+        QVERIFY(m_sim.line().waitForRequests(1, 3000));
+        QCOMPARE(m_sim.lastRequestPreambles(), preambles);
+    }
+
+    void preambleLearning_data()
+    {
+        QTest::addColumn<QVariantMap>("settings");
+        QTest::addColumn<Fault>("spoiler");
+        QTest::addColumn<int>("command");
+        QTest::addColumn<int>("learned");
+
+        const Fault none = fault(Fault::Delay);
+        const Fault three = fault(Fault::Preambles, 3);
+        QTest::newRow("answer to 0 with 7") << QVariantMap{{"preambles_count", 7}} << none << 0 << 7;
+        QTest::newRow("answer to 0 with 3: floor of 5") << QVariantMap() << three << 0 << 5;
+        QTest::newRow("answer to 11 with 7") << QVariantMap() << fault(Fault::Preambles, 7) << 11 << 7;
+        QTest::newRow("answer to 73 with 7") << QVariantMap() << fault(Fault::Preambles, 7) << 73 << 7;
+        QTest::newRow("answer to 1 with 7: not learned") << QVariantMap() << fault(Fault::Preambles, 7) << 1 << 5;
+        QTest::newRow("min preambles 8 in the identity") << QVariantMap{{"min_preambles_count", 8}} << none << 0 << 8;
+    }
+
+    void preambleLearning()
+    {
+        QFETCH(QVariantMap, settings);
+        QFETCH(Fault, spoiler);
+        QFETCH(int, command);
+        QFETCH(int, learned);
+
+        for (auto it = settings.constBegin(); it != settings.constEnd(); ++it)
+            m_sim.setParam(0, it.key(), it.value());
+        m_sim.addFault(0, spoiler);
+
+        HartPort port;
+        QVERIFY(openPort(port));
+        QByteArray response;
+        // 11 and 73 go to the broadcast address: the tag, or the button pressed.
+        m_sim.line().withDevice(0, [](hartsim::SimDevice& d) { d.setButtonPressed(true); });
+        QVERIFY(port.sendCommand(hx(command == 11 || command == 73 ? "00 00 00 00 00" : "00"), quint8(command),
+                                 command == 11 ? port.packAscii(QStringLiteral("PT-1    ")) : QByteArray(), response,
+                                 true));
+        if (command != 1) {
+            QVariantMap info;
+            QVERIFY(port.parseCommandZeroResponse(response, info));
+            QCOMPARE(info.value("preambles_count").toInt(), settings.value("preambles_count", 5).toInt());
+        }
+        QCOMPARE(port.preambles(), learned);
+
+        // What was learned is what the next ordinary command goes out with.
+        m_sim.line().clearFaults();
+        QVERIFY(port.sendCommand(quint8(0), 1, QByteArray(), response, true));
+        QCOMPARE(m_sim.lastRequestPreambles(), learned);
+    }
+
+    void resultCodes_data()
+    {
+        QTest::addColumn<Fault>("spoiler");
+        QTest::addColumn<bool>("ok");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QString>("error");
+        QTest::addColumn<QStringList>("status");
+
+        QTest::newRow("good") << fault(Fault::Delay) << true << 0 << QString() << QStringList();
+        QTest::newRow("noise before the preambles") << fault(Fault::Noise) << true << 0 << QString() << QStringList();
+        QTest::newRow("warning still succeeds")
+            << fault(Fault::ResponseCode, 14, true) << true << 0 << QString()
+            << QStringList{QStringLiteral("*** the minimum range is too small - impaired accuracy")};
+        QTest::newRow("wrong checksum") << fault(Fault::BadChecksum) << false << -1
+                                        << "Response command parsing error: *** Checksum is wrong!" << QStringList();
+        QTest::newRow("other command") << fault(Fault::WrongCommand) << false << -2
+                                       << "Invalid command response: *** command number check error:  1 / 2"
+                                       << QStringList();
+        QTest::newRow("device error") << fault(Fault::ResponseCode, 7) << false << -3
+                                      << "Command error (error code 7): *** write protection mode set" << QStringList();
+        QTest::newRow("no answer") << fault(Fault::NoAnswer) << false << 12 << "Response timeout (370ms)"
+                                   << QStringList();
+    }
+
+    void resultCodes()
+    {
+        QFETCH(Fault, spoiler);
+        QFETCH(bool, ok);
+        QFETCH(int, code);
+        QFETCH(QString, error);
+        QFETCH(QStringList, status);
+
+        HartPort port;
+        QVERIFY(openPort(port));
+        QByteArray response;
+        QVERIFY(port.sendCommand(quint8(0), 0, QByteArray(), response, true)); // past the cold start
+        m_sim.addFault(0, spoiler);
+        response = QByteArray("untouched");
+        QCOMPARE(port.sendCommand(quint8(0), 1, QByteArray(), response, true), ok);
+        QCOMPARE(port.error(), code);
+        QCOMPARE(port.errorText(), error);
+        QCOMPARE(port.statusText(), status);
+        if (ok)
+            QCOMPARE(response.size(), 5); // unit and PV
+        else
+            QCOMPARE(response, QByteArray("untouched"));
+        if (code == -3)
+            QCOMPARE(quint8(port.statusCode().at(0)), quint8(spoiler.code));
+    }
+
+    void commandZeroLayouts_data()
+    {
+        QTest::addColumn<QByteArray>("response");
+        QTest::addColumn<bool>("ok");
+        QTest::addColumn<QVariantMap>("expected");
+
+        const QByteArray twelve = hx("FE E0 94 06 05 03 02 21 01 AB CD EF");
+        QTest::newRow("12 bytes") << twelve << true
+                                  << QVariantMap{{"manufacturer_code", 0xE0},  {"device_type_code", 0x94},
+                                                 {"min_preambles_count", 6},   {"expanded_device_type", hx("E0 94")},
+                                                 {"preambles_count", 6},       {"universal_cmd_version", 5},
+                                                 {"specific_cmd_version", 3},  {"software_version", 2},
+                                                 {"hardware_version", 0x21},   {"device_flags", 1},
+                                                 {"deviceID", hx("AB CD EF")}, {"address", hx("20 94 AB CD EF")},
+                                                 {"vendorID", hx("00 00")}};
+        QTest::newRow("14 bytes: no more than there is")
+            << twelve + hx("07 04") << true << QVariantMap{{"dev_variables_count", 4}, {"vendorID", hx("00 00")}};
+        QTest::newRow("22 bytes") << twelve + hx("05 06 01 02 03 00 E0 00 E0 01") << true
+                                  << QVariantMap{{"preambles_count", 5},
+                                                 {"dev_variables_count", 6},
+                                                 {"modify_count", 258},
+                                                 {"extended_status", 3},
+                                                 {"vendorID", hx("00 E0")}};
+        QTest::newRow("11 bytes") << twelve.left(11) << false << QVariantMap();
+    }
+
+    void commandZeroLayouts()
+    {
+        QFETCH(QByteArray, response);
+        QFETCH(bool, ok);
+        QFETCH(QVariantMap, expected);
+
+        HartPort port;
         QVariantMap info;
-        QVERIFY(port.parseCommandZeroResponse(response, info));
-        QByteArray longAddress;
-        m_sim.line().withDevice(address, [&](hartsim::SimDevice& d) { longAddress = d.longAddress(); });
-        QCOMPARE(info.value("address").toByteArray(), longAddress);
-        QCOMPARE(info.value("deviceID").toByteArray(), longAddress.mid(2));
-        QCOMPARE(info.value("manufacturer_code").toInt(), address == 3 ? 0x11 : 0xE0);
-        // The long address reaches the same device.
-        QVERIFY(port.sendCommand(longAddress, 13, QByteArray(), response, true));
+        QCOMPARE(port.parseCommandZeroResponse(response, info), ok);
+        if (!ok) {
+            QCOMPARE(port.error(), -2);
+            QCOMPARE(port.errorText(), QStringLiteral("Invalid response lenght of command ZERO."));
+            QVERIFY(info.isEmpty());
+            return;
+        }
+        for (auto it = expected.constBegin(); it != expected.constEnd(); ++it)
+            QCOMPARE(info.value(it.key()), it.value());
+        // The count asked for in the identity raises the learned one.
+        QCOMPARE(port.preambles(), 6);
     }
-    qInstallMessageHandler(previous);
 
-    // Each exchange is in the log: what went out and what came back.
-    const QStringList tx = g_log.filter(QRegularExpression(QStringLiteral(
-        "^__DEBUGQT_PREFIX__ 4 \\S+ logTraffic \\d+ HartPort \\* 0 \\d\\d:\\d\\d:\\d\\d\\.\\d{3} TX \\(")));
-    const QStringList rx = g_log.filter(QRegularExpression(QStringLiteral(
-        "^__DEBUGQT_PREFIX__ 4 \\S+ logTraffic \\d+ HartPort \\* 0 \\d\\d:\\d\\d:\\d\\d\\.\\d{3} RX \\(")));
-    QCOMPARE(tx.size(), 8);
-    QCOMPARE(rx.size(), 8);
-    QVERIFY(tx.first().contains(QLatin1String("ms): ff ff ff ff ff ff ff ff ff ff 02 80 00 00 82")));
-}
+    void packedAscii_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QByteArray>("packed");
+        QTest::addColumn<QString>("unpacked");
 
-void TestHartPort::commandZeroLayouts_data()
-{
-    QTest::addColumn<QByteArray>("response");
-    QTest::addColumn<bool>("ok");
-    QTest::addColumn<QVariantMap>("expected");
-
-    const QByteArray twelve = hx("FE E0 94 06 05 03 02 21 01 AB CD EF");
-    QTest::newRow("12 bytes") << twelve << true
-                              << QVariantMap{{"manufacturer_code", 0xE0},  {"device_type_code", 0x94},
-                                             {"min_preambles_count", 6},   {"expanded_device_type", hx("E0 94")},
-                                             {"preambles_count", 6},       {"universal_cmd_version", 5},
-                                             {"specific_cmd_version", 3},  {"software_version", 2},
-                                             {"hardware_version", 0x21},   {"device_flags", 1},
-                                             {"deviceID", hx("AB CD EF")}, {"address", hx("20 94 AB CD EF")},
-                                             {"vendorID", hx("00 00")}};
-    QTest::newRow("14 bytes") << twelve + hx("07 04") << true
-                              << QVariantMap{{"preambles_count", 7},
-                                             {"dev_variables_count", 4},
-                                             {"modify_count", 0},
-                                             {"extended_status", 0},
-                                             {"vendorID", hx("00 00")}};
-    QTest::newRow("22 bytes") << twelve + hx("05 06 01 02 03 00 E0 00 E0 01") << true
-                              << QVariantMap{{"preambles_count", 5},
-                                             {"dev_variables_count", 6},
-                                             {"modify_count", 258},
-                                             {"extended_status", 3},
-                                             {"vendorID", hx("00 E0")}};
-    QTest::newRow("11 bytes") << twelve.left(11) << false << QVariantMap();
-}
-
-void TestHartPort::commandZeroLayouts()
-{
-    QFETCH(QByteArray, response);
-    QFETCH(bool, ok);
-    QFETCH(QVariantMap, expected);
-
-    HartPort port;
-    QVariantMap info;
-    QCOMPARE(port.parseCommandZeroResponse(response, info), ok);
-    if (!ok) {
-        QCOMPARE(port.error(), -2);
-        QCOMPARE(port.errorText(), QStringLiteral("Invalid response lenght of command ZERO."));
-        QVERIFY(info.isEmpty());
-        return;
+        QTest::newRow("ABCD") << "ABCD" << hx("04 20 C4") << "ABCD";
+        QTest::newRow("one character") << "A" << hx("04") << "A";
+        QTest::newRow("two characters") << "AB" << hx("04 20") << "AB";
+        QTest::newRow("tag padded with blanks") << "PT-1    " << hx("41 4B 71 82 08 20") << "PT-1";
     }
-    for (auto it = expected.constBegin(); it != expected.constEnd(); ++it)
-        QCOMPARE(info.value(it.key()), it.value());
-    // The count asked for in the identity raises the learned one.
-    QCOMPARE(port.preambles(), 6);
-}
 
-void TestHartPort::packedAscii_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QByteArray>("packed");
-    QTest::addColumn<QString>("unpacked");
+    void packedAscii()
+    {
+        QFETCH(QString, text);
+        QFETCH(QByteArray, packed);
+        QFETCH(QString, unpacked);
+        HartPort port;
+        QCOMPARE(port.packAscii(text).toHex(' '), packed.toHex(' '));
+        QCOMPARE(port.unpackAscii(packed), unpacked);
+    }
 
-    QTest::newRow("ABCD") << "ABCD" << hx("04 20 C4") << "ABCD";
-    QTest::newRow("one character") << "A" << hx("04") << "A";
-    QTest::newRow("two characters") << "AB" << hx("04 20") << "AB";
-    QTest::newRow("five characters") << "ABCDE" << hx("04 20 C4 14") << "ABCDE";
-    QTest::newRow("tag padded with blanks") << "PT-1    " << hx("41 4B 71 82 08 20") << "PT-1";
-    QTest::newRow("digits") << "0123" << hx("C3 1C B3") << "0123";
-    // Lower case is not converted: its six bits name other characters.
-    QTest::newRow("lower case") << "ab" << hx("86 20") << "!\"";
-}
+    void packedAsciiLimits()
+    {
+        HartPort port;
+        QVERIFY(port.packAscii(QString(33, QLatin1Char('A'))).isEmpty());
+        QCOMPARE(port.packAscii(QString(32, QLatin1Char('A'))).size(), 24);
+        QVERIFY(port.unpackAscii(QByteArray(25, '\x04')).isEmpty());
+        // Trailing zero bytes are not characters.
+        QCOMPARE(port.unpackAscii(hx("04 20 C4 00 00 00")), QStringLiteral("ABCD"));
+    }
 
-void TestHartPort::packedAscii()
-{
-    QFETCH(QString, text);
-    QFETCH(QByteArray, packed);
-    QFETCH(QString, unpacked);
-    HartPort port;
-    QCOMPARE(port.packAscii(text).toHex(' '), packed.toHex(' '));
-    QCOMPARE(port.unpackAscii(packed), unpacked);
-}
+    void openFailureAndClose()
+    {
+        HartPort port(nullptr, QStringLiteral("/nonexistent/ttyHART"));
+        QVERIFY(!port.open());
+        QByteArray response;
+        QVERIFY(!port.sendZeroCommand(0, response, true));
+        QVERIFY(port.error() > 0);
+        QVERIFY(openPort(port));
+        QVERIFY(port.sendZeroCommand(0, response, true));
+        port.close();
+        QVERIFY(!port.isOpen());
+    }
 
-void TestHartPort::packedAsciiLimits()
-{
-    HartPort port;
-    QVERIFY(port.packAscii(QString(33, QLatin1Char('A'))).isEmpty());
-    QCOMPARE(port.packAscii(QString(32, QLatin1Char('A'))).size(), 24);
-    QVERIFY(port.unpackAscii(QByteArray(25, '\x04')).isEmpty());
-    // Trailing zero bytes are not characters.
-    QCOMPARE(port.unpackAscii(hx("04 20 C4 00 00 00")), QStringLiteral("ABCD"));
-}
-
-void TestHartPort::timeouts()
-{
-    HartPort port;
-    QCOMPARE(port.requestTimeout(), 200);
-    QCOMPARE(port.responseTimeout(), 370);
-    QCOMPARE(port.byteTimeout(), 50);
-    port.setResponseTimeout(0);
-    QCOMPARE(port.responseTimeout(), 370);
-    port.setByteTimeout(-5);
-    QCOMPARE(port.byteTimeout(), 50);
-
-    // The properties are read afresh for every exchange.
-    QVERIFY(openPort(port));
-    port.setProperty("response_timeout", 120);
-    m_sim.addFault(0, fault(Fault::NoAnswer));
-    QByteArray response;
-    QVERIFY(!port.sendCommand(quint8(0), 1, QByteArray(), response, true));
-    QCOMPARE(port.errorText(), QStringLiteral("Response timeout (120ms)"));
-}
-
-void TestHartPort::openFailureAndClose()
-{
-    HartPort port(nullptr, QStringLiteral("/nonexistent/ttyHART"));
-    QVERIFY(!port.open());
-    QVERIFY(!port.isOpen());
-    QByteArray response;
-    QVERIFY(!port.sendZeroCommand(0, response, true));
-    QVERIFY(port.error() > 0);
-
-    port.setSerialName(m_sim.path());
-    QVERIFY(port.open());
-    QVERIFY(port.sendZeroCommand(0, response, true));
-    port.close();
-    QVERIFY(!port.isOpen());
-}
-
-void TestHartPort::directPath()
-{
-    // Without the thread: the modem handshake on RTS and DTR, which a
-    // pseudo-terminal refuses, must not stop the exchange.
-    HartPort port;
-    port.setUseThread(false);
-    QVERIFY(openPort(port));
-    QVERIFY(port.isOpen());
-    QByteArray response;
-    QVERIFY2(port.sendZeroCommand(1, response, true), qPrintable(port.errorText()));
-    QCOMPARE(response.size(), 12); // the HART 5 device
-    QVERIFY(port.txLog().contains(QLatin1String(" TX (")));
-    m_sim.addFault(1, fault(Fault::NoAnswer));
-    QVERIFY(!port.sendCommand(quint8(1), 1, QByteArray(), response, true));
-    QCOMPARE(port.error(), 12);
-    port.close();
-    QVERIFY(!port.isOpen());
-}
+    void directPath()
+    {
+        // Without the thread: the modem handshake on RTS and DTR, which a
+        // pseudo-terminal refuses, must not stop the exchange.
+        HartPort port;
+        port.setUseThread(false);
+        QVERIFY(openPort(port));
+        QByteArray response;
+        QVERIFY2(port.sendZeroCommand(1, response, true), qPrintable(port.errorText()));
+        QCOMPARE(response.size(), 12); // the HART 5 device
+        QVERIFY(port.txLog().contains(QLatin1String(" TX (")));
+        m_sim.addFault(1, fault(Fault::NoAnswer));
+        QVERIFY(!port.sendCommand(quint8(1), 1, QByteArray(), response, true));
+        QCOMPARE(port.error(), 12);
+        port.close();
+        QVERIFY(!port.isOpen());
+    }
+};
 
 QTEST_GUILESS_MAIN(TestHartPort)
 #include "tst_hartport.moc"

@@ -3,8 +3,6 @@
 #include "debugqt.h"
 
 #include <QProcess>
-#include <QTemporaryDir>
-#include <QTranslator>
 #include <QtTest>
 
 #include <csignal>
@@ -14,40 +12,22 @@ class TestApplication : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        DebugQt::instance(0x8ED0007, nullptr);
-        QVERIFY(m_dir.isValid());
-    }
-
-    void translationKeys_data()
-    {
-        QTest::addColumn<QStringList>("files");
-        QTest::addColumn<QStringList>("keys");
-
-        QTest::newRow("ru_ru") << QStringList{"ru_ru.qm"} << QStringList{"ru_RU"};
-        QTest::newRow("three parts use the last two") << QStringList{"a_b_c.qm"} << QStringList{"b_C"};
-        QTest::newRow("no underscore, not a translation") << QStringList{"russian.qm"} << QStringList{};
-        QTest::newRow("not a translation file") << QStringList{"xx_yy.txt"} << QStringList{};
-    }
+    void initTestCase() { DebugQt::instance(0x8ED0007, nullptr); }
 
     void translationKeys()
     {
-        QFETCH(QStringList, files);
-        QFETCH(QStringList, keys);
-
+        // A key is the last two parts of the name; other files are no translation.
         QTemporaryDir dir;
-        for (const QString& name : files)
+        for (const char* name : {"ru_ru.qm", "a_b_c.qm", "russian.qm", "xx_yy.txt"})
             QVERIFY(QFile::copy(QStringLiteral(":/lang/ru_ru.qm"), dir.filePath(name)));
-        // The table is process-wide: compare what this directory adds.
-        const QStringList beforeList = Application::availableLanguages();
-        const QSet<QString> before(beforeList.begin(), beforeList.end());
+        QVERIFY(writeFile(dir.filePath("broken_qm.qm"), "no translation"));
+        const QStringList before = Application::availableLanguages(); // the table is process-wide
+        QSet<QString> expected(before.begin(), before.end());
+        expected << "ru_RU"
+                 << "b_C";
         Application::loadTranslations(dir.path());
-        const QStringList afterList = Application::availableLanguages();
-        const QSet<QString> after(afterList.begin(), afterList.end());
-        QCOMPARE(after - before, QSet<QString>(keys.begin(), keys.end()) - before);
-        for (const QString& key : keys)
-            QVERIFY(after.contains(key));
+        const QStringList after = Application::availableLanguages();
+        QCOMPARE(QSet<QString>(after.begin(), after.end()), expected);
     }
 
     void languages()
@@ -55,79 +35,55 @@ private slots:
         Application::loadTranslations(":/lang");
         const QStringList languages = Application::availableLanguages();
         QVERIFY(languages.contains("ru_RU") && languages.contains("en_US"));
-        const QString busy = "*** device is busy";
-        const QStringList steps = {"ru_RU", "en_US", "ru_RU", "de_DE"};
-        const QStringList shown = {"ru_RU", "en_US", "ru_RU", "ru_RU"};
+        const QString busy = "*** device is busy", russian = "*** устройство занято";
         // An unknown language keeps the name of the last one and the source texts.
-        const QStringList texts = {"*** устройство занято", busy, "*** устройство занято", busy};
-        for (int i = 0; i < steps.size(); ++i) {
-            Application::setLanguage(steps.at(i));
-            QCOMPARE(Application::language(), shown.at(i));
-            QCOMPARE(QCoreApplication::translate("HartCommand", "*** device is busy"), texts.at(i));
+        const QList<QStringList> steps = {{"ru_RU", "ru_RU", russian},
+                                          {"en_US", "en_US", busy},
+                                          {"ru_RU", "ru_RU", russian},
+                                          {"de_DE", "ru_RU", busy}};
+        for (const QStringList& step : steps) {
+            Application::setLanguage(step.at(0));
+            QCOMPARE(Application::language(), step.at(1));
+            QCOMPARE(QCoreApplication::translate("HartCommand", "*** device is busy"), step.at(2));
         }
     }
 
     void styleSheetsFromDataDirectoryFirst()
     {
+        // Every style sheet of the data directory in name order, none of the working directory's.
         QTemporaryDir data, work;
-        auto put = [](const QString& name, const QByteArray& text) {
-            QDir().mkpath(QFileInfo(name).absolutePath());
-            QFile f(name);
-            QVERIFY(f.open(QIODevice::WriteOnly));
-            f.write(text);
-        };
-        put(data.filePath(QStringLiteral("css/a.css")), "QLabel { color: red; }");
-        put(work.filePath(QStringLiteral("css/a.css")), "QLabel { color: blue; }");
-
+        QVERIFY(QDir().mkpath(data.filePath("css")) && QDir().mkpath(work.filePath("css")));
+        const QMap<QString, QByteArray> files{{"b.css", "B"}, {"a.css", "A"}, {"c.txt", "C"}, {"d.css", "Д"}};
+        for (auto it = files.cbegin(); it != files.cend(); ++it)
+            QVERIFY(writeFile(data.filePath("css/" + it.key()), it.value()));
+        QVERIFY(writeFile(work.filePath("css/a.css"), "W"));
         const QString start = QDir::currentPath();
         QDir::setCurrent(data.path());
         AppSettings settings; // the data directory is where the process stands now
         QDir::setCurrent(work.path());
-        static_cast<Application*>(qApp)->loadCss();
-        QDir::setCurrent(start);
-        QCOMPARE(qApp->styleSheet(), QStringLiteral("QLabel { color: red; }"));
-        qApp->setStyleSheet(QString());
-    }
-
-    void readAllFilesInNameOrder()
-    {
         auto* app = static_cast<Application*>(qApp);
-        QTemporaryDir dir;
-        const QList<QPair<QString, QByteArray>> files = {
-            {"b.css", "B"}, {"a.css", "A"}, {"c.txt", "C"}, {"d.css", "\xd0\x94"}};
-        for (const auto& f : files) {
-            QFile file(dir.filePath(f.first));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write(f.second);
-        }
-        QCOMPARE(app->readAllFiles(dir.path(), QStringList(QStringLiteral("*.css"))), QStringLiteral("AB\u0414"));
-        QCOMPARE(app->readAllFiles(dir.filePath(QStringLiteral("none")), QStringList(QStringLiteral("*.css"))),
-                 QString());
-        QCOMPARE(app->readAllFiles(QString(), QStringList(QStringLiteral("*.css"))), QString());
+        app->loadCss();
+        QDir::setCurrent(start);
+        QCOMPARE(qApp->styleSheet(), QStringLiteral("ABД"));
+        qApp->setStyleSheet(QString());
+        const QStringList css{"*.css"};
+        QCOMPARE(app->readAllFiles(data.filePath("none"), css), QString());
+        QCOMPARE(app->readAllFiles(QString(), css), QString());
     }
 
     void exitBySignal_data()
     {
-        QTest::addColumn<QString>("mode");
-        QTest::addColumn<int>("signo");
+        QTest::addColumn<int>("signo"); // sent from outside; none: the process faults itself
         QTest::addColumn<int>("exitCode");
-        QTest::addColumn<bool>("stackPrinted");
-
-        QTest::newRow("SIGSEGV from outside") << "wait" << int(SIGSEGV) << 139 << true;
-        QTest::newRow("a real fault") << "fault" << 0 << 139 << true;
-        QTest::newRow("SIGTERM") << "wait" << int(SIGTERM) << 0 << false;
-        QTest::newRow("SIGHUP") << "wait" << int(SIGHUP) << 0 << false;
+        QTest::newRow("a real fault") << 0 << 139;
+        QTest::newRow("SIGTERM") << int(SIGTERM) << 0;
     }
 
     void exitBySignal()
     {
-        QFETCH(QString, mode);
         QFETCH(int, signo);
-        QFETCH(int, exitCode);
-        QFETCH(bool, stackPrinted);
-
         QProcess child;
-        child.start(QCoreApplication::applicationDirPath() + QStringLiteral("/sigchild"), {mode});
+        child.start(QCoreApplication::applicationDirPath() + QStringLiteral("/sigchild"), {signo ? "wait" : "fault"});
         QVERIFY(child.waitForStarted());
         if (signo) {
             QVERIFY(child.waitForReadyRead(10000));
@@ -137,18 +93,22 @@ private slots:
         QVERIFY(child.waitForFinished(10000));
         const QString err = QString::fromUtf8(child.readAllStandardError());
         QCOMPARE(child.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(child.exitCode(), exitCode);
-        const int expectedSigno = signo ? signo : SIGSEGV;
-        QVERIFY2(
-            err.contains(QStringLiteral("signal %1('%2') catched").arg(expectedSigno).arg(strsignal(expectedSigno))),
-            qPrintable(err));
-        QCOMPARE(err.contains(QLatin1String("\n*** Segmentation fault ***\nBT: obtained ")), stackPrinted);
-        if (stackPrinted)
+        QTEST(child.exitCode(), "exitCode");
+        const int caught = signo ? signo : SIGSEGV;
+        QVERIFY2(err.contains(QStringLiteral("signal %1('%2') catched").arg(caught).arg(strsignal(caught))),
+                 qPrintable(err));
+        // The stack of a fault, down to the handler.
+        QCOMPARE(err.contains(QLatin1String("\n*** Segmentation fault ***\nBT: obtained ")), !signo);
+        if (!signo)
             QVERIFY2(err.contains(QLatin1String("sig_handler")), qPrintable(err));
     }
 
 private:
-    QTemporaryDir m_dir;
+    static bool writeFile(const QString& name, const QByteArray& text)
+    {
+        QFile file(name);
+        return file.open(QIODevice::WriteOnly) && file.write(text) == text.size();
+    }
 };
 
 int main(int argc, char* argv[])

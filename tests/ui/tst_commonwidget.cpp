@@ -34,29 +34,24 @@ private slots:
         QTest::addColumn<QString>("button");
         QTest::addColumn<QString>("typed"); // into the tag or long tag field
         QTest::addColumn<int>("lostCommand");
-        QTest::addColumn<bool>("tagChanges"); // the device's tag changes before command 13
-        QTest::addColumn<QString>("box");     // "title|text" start of the box, empty for none
+        QTest::addColumn<QString>("box"); // "title|text" start of the box, empty for none and a good check
         QTest::addColumn<QList<int>>("sent");
-        QTest::addColumn<bool>("green");
-
-        const QList<int> all = {0, 48, 7, 13, 15, 16};
         const QString none;
-        QTest::newRow("address") << 0 << "btnCheck" << none << -1 << false << none << all << true;
-        QTest::newRow("tag") << 0 << "btnCheckByTag" << QString("tt-101") << -1 << false << none
-                             << QList<int>{11, 48, 7, 13, 15, 16} << true;
-        QTest::newRow("long tag") << 0 << "btnCheckByLongTag" << QString("REACTOR ONE") << -1 << false << none
-                                  << QList<int>{21, 48, 7, 13, 15, 16} << true;
+        const QList<int> tail = {48, 7, 13, 15, 16};
+        QTest::newRow("address") << 0 << "btnCheck" << none << -1 << none << QList<int>{0} + tail;
+        QTest::newRow("tag") << 0 << "btnCheckByTag" << QString("tt-101") << -1 << none << QList<int>{11} + tail;
+        QTest::newRow("long tag") << 0 << "btnCheckByLongTag" << QString("REACTOR ONE") << -1 << none
+                                  << QList<int>{21} + tail;
         QTest::newRow("tag mismatch")
-            << 0 << "btnCheckByTag" << QString("TT-101") << -1 << true
+            << 0 << "btnCheckByTag" << QString("TT-101") << -1
             << "Device identification by tag|ERROR: Tags not equal!\nSend: 'TT-101'\nResv: 'OTHER'"
-            << QList<int>{11, 48, 7, 13} << false;
-        QTest::newRow("lost answer") << 0 << "btnCheck" << none << 15 << false << "Device identification |"
-                                     << QList<int>{0, 48, 7, 13, 15} << false;
-        QTest::newRow("empty tag") << 0 << "btnCheckByTag" << QString("   ") << -1 << false
-                                   << "Device identification by tag|Tag is empty!" << QList<int>() << false;
+            << QList<int>{11, 48, 7, 13};
+        QTest::newRow("lost answer") << 0 << "btnCheck" << none << 15 << "Device identification |"
+                                     << QList<int>{0, 48, 7, 13, 15};
+        QTest::newRow("empty tag") << 0 << "btnCheckByTag" << QString("   ") << -1
+                                   << "Device identification by tag|Tag is empty!" << QList<int>();
         // Revision 5 has no command 7: the address of the check is the device's.
-        QTest::newRow("HART 5") << 5 << "btnCheck" << none << -1 << false << none << QList<int>{0, 48, 13, 15, 16}
-                                << true;
+        QTest::newRow("HART 5") << 5 << "btnCheck" << none << -1 << none << QList<int>{0, 48, 13, 15, 16};
     }
 
     void checks()
@@ -65,20 +60,17 @@ private slots:
         QFETCH(QString, button);
         QFETCH(QString, typed);
         QFETCH(int, lostCommand);
-        QFETCH(bool, tagChanges);
         QFETCH(QString, box);
         QFETCH(QList<int>, sent);
-        QFETCH(bool, green);
-
         device->setAddress(address);
         child<QSpinBox>("spnPollingAddress")->setValue(address);
-        (button == "btnCheckByLongTag" ? child<QLineEdit>("txtLongTag") : child<QLineEdit>("txtTag"))->setText(typed);
+        child<QLineEdit>(button == "btnCheckByLongTag" ? "txtLongTag" : "txtTag")->setText(typed);
         if (lostCommand >= 0) {
             hartsim::Fault fault;
             fault.command = lostCommand;
             line.sim.addFault(address, fault);
         }
-        if (tagChanges)
+        if (QTest::currentDataTag() == QLatin1String("tag mismatch")) // the device's tag changes before command 13
             connect(
                 device, &Device::modbusMessage, this,
                 [this](int, const QString& text) {
@@ -94,13 +86,12 @@ private slots:
             QVERIFY2(seen.first().startsWith(box), qPrintable(seen.first()));
         if (sent.isEmpty())
             return;
-        QCOMPARE(verdict().contains("completed successfully"), green);
-        QCOMPARE(verdict().contains("completed with errors"), !green);
+        QCOMPARE(green(), box.isEmpty());
+        QCOMPARE(verdict().contains("completed with errors"), !box.isEmpty());
         // Once the identity is in, the buttons are on, even when a later read failed.
-        QVERIFY(child<QPushButton>("btnReset")->isEnabled());
-        QVERIFY(child<QPushButton>("btnRefresh")->isEnabled());
+        QVERIFY(child<QPushButton>("btnReset")->isEnabled() && child<QPushButton>("btnRefresh")->isEnabled());
         QCOMPARE(device->getDeviceInfo("polling_address").toInt(), address);
-        if (green)
+        if (box.isEmpty())
             QCOMPARE(child<QLineEdit>("txtTag")->text(), device->getDeviceInfoString("tag"));
     }
 

@@ -70,13 +70,6 @@ private slots:
         table->setSelectionMode(QAbstractItemView::ExtendedSelection);
     }
 
-    void emptyRangeScansNothing()
-    {
-        scan(0, 0);
-        QVERIFY(rows().isEmpty());
-        QCOMPARE(m_sim.line().requestCount(), 0);
-    }
-
     void typedPathJoinsTheList()
     {
         // Enter in the box takes the path, ticked, and leaves the dialog open.

@@ -17,7 +17,6 @@ private slots:
     {
         QTest::addColumn<QPoint>("drag");
         QTest::addColumn<bool>("zooms");
-
         QTest::newRow("2 pixels") << QPoint(2, 2) << false;
         QTest::newRow("2 pixels wide") << QPoint(2, 60) << false;
         QTest::newRow("2 pixels high") << QPoint(-60, -2) << false;
@@ -40,9 +39,6 @@ private slots:
         QSignalSpy zoomed(&plotter, &Plotter::zoomChanged);
         auto* next = plotter.findChild<QToolButton*>(QStringLiteral("btnZoomIn"));
         auto* previous = plotter.findChild<QToolButton*>(QStringLiteral("btnZoomOut"));
-        QCOMPARE(next->toolTip(), QStringLiteral("Next zoom"));
-        QCOMPARE(previous->toolTip(), QStringLiteral("Previous zoom"));
-
         const QPoint from(200, 130);
         QTest::mousePress(&plotter, Qt::LeftButton, {}, from);
         QCOMPARE(plotter.cursor().shape(), Qt::CrossCursor);
@@ -50,12 +46,9 @@ private slots:
         QTest::mouseRelease(&plotter, Qt::LeftButton, {}, from + drag);
         QCOMPARE(zoomed.count(), zooms ? 1 : 0);
         QCOMPARE(previous->isVisible(), zooms);
-        if (!zooms) {
-            QCOMPARE(plotter.getCurZoomPlotSettings().minX, view.minX);
-            QCOMPARE(plotter.getCurZoomPlotSettings().maxY, view.maxY);
+        QCOMPARE(plotter.getCurZoomPlotSettings().spanX() < view.spanX() / 2, zooms);
+        if (!zooms)
             return;
-        }
-        QVERIFY(plotter.getCurZoomPlotSettings().spanX() < view.spanX() / 2);
         QVERIFY(!next->isEnabled()); // at the last level
         QVERIFY(previous->isEnabled());
         previous->click();
@@ -73,7 +66,6 @@ private slots:
         QTest::addColumn<int>("before");
         QTest::addColumn<int>("after");
         QTest::addColumn<double>("oldest");
-
         QTest::newRow("300 061st point drops the oldest") << 300000 << 300060 << 300060 << 1.0;
         QTest::newRow("300 060th point keeps all") << 300000 << 300059 << 300060 << 0.0;
         QTest::newRow("no limit") << 0 << 1000 << 1001 << 0.0;
@@ -139,7 +131,6 @@ private slots:
         QTest::addColumn<bool>("polyline");
         QTest::addColumn<int>("gapEvery"); // a NaN value every so many points
         QTest::addColumn<bool>("zoomed");  // a view well inside the data, the curve leaving it at the top and bottom
-
         QTest::newRow("polyline") << true << 0 << false;
         QTest::newRow("points") << false << 0 << false;
         QTest::newRow("polyline with gaps") << true << 997 << false;

@@ -55,7 +55,6 @@ private slots:
         QFETCH(int, final);
         QFETCH(QString, error);
         QFETCH(bool, green);
-
         Device device;
         device.setErrorText(error);
         DeviceWidget owner(nullptr, &device);

@@ -61,7 +61,6 @@ private slots:
         QVERIFY(d);
         QSignalSpy changed(m_dialog.data(), &TestDeviceDialog::changed);
         m_dialog->on_btnStart_clicked();
-
         QVERIFY2(m_dialog->testErrors() == 0 && m_dialog->errorCounts().isEmpty(), qPrintable(m_dialog->report()));
         const QString report = m_dialog->report();
         for (const char* text : {"###### Test round 1 ######", "Test of command 0 completed.", "Total round errors: 0",
@@ -94,9 +93,8 @@ private slots:
         QFETCH(int, command);
         QFETCH(int, validation);
         QFETCH(QString, otherError);
-        const QString file = userTest("errors", R"([{"number": 6, "cycles": 2, "read_cmd": 7,
-            "parameters": {"polling_address": [15, 3], "current_loop_mode": [0, 1]}}, {"number": 13, "close_port": true}])");
-        Device* d = open("General", 3, file);
+        Device* d = open("General", 3, userTest("errors", R"([{"number": 6, "cycles": 2, "read_cmd": 7,
+            "parameters": {"polling_address": [15, 3], "current_loop_mode": [0, 1]}}, {"number": 13, "close_port": true}])"));
         QVERIFY(d);
         Fault fault;
         fault.kind = Fault::Kind(kind);
@@ -107,12 +105,11 @@ private slots:
         m_dialog->on_btnStart_clicked();
 
         const QMap<QString, int> counts = m_dialog->errorCounts();
-        QVERIFY2(counts.value("validation errors") == validation, qPrintable(m_dialog->report()));
-        QCOMPARE(m_dialog->testErrors(), validation + (otherError.isEmpty() ? 0 : 1));
-        const QStringList keys = counts.keys();
-        QVERIFY2(otherError.isEmpty() || keys.filter(otherError, Qt::CaseInsensitive).size() == 1,
-                 qPrintable(keys.join('|')));
         const QString report = m_dialog->report();
+        QVERIFY2(counts.value("validation errors") == validation, qPrintable(report));
+        QCOMPARE(m_dialog->testErrors(), validation + (otherError.isEmpty() ? 0 : 1));
+        QVERIFY2(otherError.isEmpty() || counts.keys().filter(otherError, Qt::CaseInsensitive).size() == 1,
+                 qPrintable(counts.keys().join('|')));
         QVERIFY(report.contains("polling_address validation error: send:15 recv:"));
         QVERIFY(report.contains("total command 6 errors: " + QString::number(m_dialog->testErrors())));
         // The run went on with the next command, which closed the port.
@@ -137,7 +134,6 @@ private slots:
         canceller.start(5);
         m_dialog->on_btnStart_clicked();
         canceller.stop();
-
         QString report = m_dialog->report();
         QVERIFY(report.contains("Test of command 1 completed."));
         QVERIFY(report.contains("Test of command 2 was interrupted."));
@@ -160,7 +156,6 @@ private slots:
         QVERIFY(open("TCV-C", 0, ":/tests/tcv-c.tpl"));
         ModalAnswerer answerer({QMessageBox::Cancel});
         m_dialog->on_btnStart_clicked();
-
         QCOMPARE(answerer.seen().size(), 1);
         QVERIFY2(answerer.seen().at(0).contains("tag: the test expects TT-101, the device has XX-1"),
                  qPrintable(answerer.seen().at(0)));
@@ -172,11 +167,10 @@ private slots:
 
     void templatesOfferedAndSaved()
     {
-        QVERIFY(!writeTest("bad.tpl", "{\"template\": \"General\",\n \"device\": }").isEmpty());
-        QVERIFY(!writeTest("other.tpl", R"({"template": "QP-1C", "device": {"commands": [{"number": 1}]}})").isEmpty());
+        QVERIFY(writeTest("bad.tpl", "{\"template\": \"General\",\n \"device\": }"));
+        QVERIFY(writeTest("other.tpl", R"({"template": "QP-1C", "device": {"commands": [{"number": 1}]}})"));
         const QString mine = userTest("mine", "[{\"number\": 1}]");
         QVERIFY(open("General", 3, mine));
-
         // The built-in test and the user's good one; the broken file said in one line.
         auto* box = m_dialog->findChild<QComboBox*>("cmbTemplates");
         QCOMPARE(box->count(), 2);
@@ -195,7 +189,6 @@ private slots:
         const QString saved = QString::fromUtf8(readFile(reportFile));
         QVERIFY(saved.startsWith("Device test report\nTest: mine (" + mine + ")\nDevice: General_{FT-104}"));
         QVERIFY(saved.endsWith(m_dialog->report()));
-
         // A copy of a built-in test is the user's to edit.
         QVERIFY(select(":/tests/general.tpl"));
         {
@@ -206,19 +199,18 @@ private slots:
     }
 
 private:
-    QString writeTest(const QString& name, const QByteArray& content)
+    bool writeTest(const QString& name, const QByteArray& content)
     {
         QFile file(m_userDir->filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            return QString();
-        return file.fileName();
+        return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
     }
     // A General test of the user's on the device at address 3, from its commands.
     QString userTest(const QString& name, const char* commands)
     {
-        return writeTest(name + ".tpl", QString(R"({"name": "%1", "template": "General", "device": {"commands": %2}})")
-                                            .arg(name, QLatin1String(commands))
-                                            .toUtf8());
+        const QString text = R"({"name": "%1", "template": "General", "device": {"commands": %2}})";
+        return writeTest(name + ".tpl", text.arg(name, QLatin1String(commands)).toUtf8())
+                   ? m_userDir->filePath(name + ".tpl")
+                   : QString();
     }
     static QByteArray readFile(const QString& name)
     {
