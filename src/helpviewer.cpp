@@ -26,22 +26,23 @@ void HelpViewer::setContentFromFile(const QString& path)
         DBG(LevelWarn) << "cannot open the help file" << path << ":" << file.errorString();
         ui->textEdit->setPlainText(tr("Can't open help file"));
     } else {
-        const QByteArray bytes = file.readAll();
         // The English manual is UTF-8, the Russian one CP-1251: text that is
         // not valid UTF-8 is read as CP-1251.
+        const QByteArray bytes = file.readAll();
         QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-        const QString text = utf8.decode(bytes);
-        QStringDecoder decoder("windows-1251");
-        if (!utf8.hasError()) {
-            ui->textEdit->setPlainText(text);
-        } else if (decoder.isValid()) {
-            ui->textEdit->setPlainText(decoder.decode(bytes));
-        } else {
-            // Without ICU the codec is missing: show the bytes one to one
-            // rather than nothing.
-            DBG(LevelErr) << "no windows-1251 decoder; the help file is shown as Latin-1";
-            ui->textEdit->setPlainText(QString::fromLatin1(bytes));
+        QString text = utf8.decode(bytes);
+        if (utf8.hasError()) {
+            QStringDecoder cp1251("windows-1251");
+            if (cp1251.isValid()) {
+                text = cp1251.decode(bytes);
+            } else {
+                // Without ICU the codec is missing: show the bytes one to one
+                // rather than nothing.
+                DBG(LevelErr) << "no windows-1251 decoder; the help file is shown as Latin-1";
+                text = QString::fromLatin1(bytes);
+            }
         }
+        ui->textEdit->setPlainText(text);
     }
     ui->textEdit->moveCursor(QTextCursor::Start);
     ui->textEdit->ensureCursorVisible();

@@ -44,6 +44,7 @@ namespace {
 const char* const ProgramVersion = CALVANE_VERSION;
 const char* const HelpFile = ":/doc/calvane.txt";
 const char* const EnglishHelpFile = ":/doc/calvane_en.txt";
+const char* const AppIcon = ":/ico/calvane.png";
 
 // The manual in the language of the interface: English for English, the
 // Russian one otherwise.
@@ -52,7 +53,6 @@ QString helpFile()
     const bool english = Application::language().startsWith(QLatin1String("en"), Qt::CaseInsensitive);
     return QString::fromLatin1(english ? EnglishHelpFile : HelpFile);
 }
-const char* const AppIcon = ":/ico/calvane.png";
 
 // Base of the log mask once the window runs: every show flag but the date and
 // the heap use; the levels come from the settings.
@@ -155,7 +155,6 @@ void MainWindow::createServer()
 
     // The root's page is the manual.
     auto* manual = new HelpViewer(nullptr, false);
-    manual->setObjectName(QStringLiteral("rootManual"));
     manual->setWindowFlags(Qt::Widget);
     manual->setContentFromFile(helpFile());
     // A page of the window has nothing to close.
@@ -576,7 +575,7 @@ void MainWindow::changeEvent(QEvent* event)
         if (QTreeWidgetItem* root = treeItem(m_server))
             root->setText(0, tr("Ports & Devices"));
         m_versionLabel->setText(tr("Version: %1").arg(QString::fromLatin1(ProgramVersion)));
-        if (auto* manual = findChild<HelpViewer*>(QStringLiteral("rootManual")))
+        if (auto* manual = qobject_cast<HelpViewer*>(editor(m_server)))
             manual->setContentFromFile(helpFile());
         updateWindowTitle();
         updateStatusBar();

@@ -412,7 +412,8 @@ private slots:
     {
         Application::loadTranslations(QStringLiteral(":/lang"));
         MainWindow window;
-        const auto* manual = child<HelpViewer>(window, "rootManual");
+        const auto* manual = qobject_cast<HelpViewer*>(window.editor(window.server()));
+        QVERIFY(manual);
         for (const QString language : {"en_US", "ru_RU"}) {
             Application::setLanguage(language);
             const bool english = language == "en_US";
