@@ -80,25 +80,20 @@ void addColumns(const std::array<const char*, sizeof...(T)>& names)
 // A map written as "key=value; ...": 12 an int, 12u unsigned, 1.5f a float,
 // 1.5 a double, true or false a flag, 'text' a text, #0a1b bytes, nothing
 // an invalid value.
-inline QVariantMap vmap(const char* spec)
+inline QVariantMap vmap(const char* text)
 {
     QVariantMap map;
-    for (const QString& item : QString::fromUtf8(spec).split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
-        const QString v = item.section(QLatin1Char('='), 1).trimmed();
-        QVariant value = v.isEmpty() ? QVariant() : QVariant(v.toInt(nullptr, 0));
-        if (v.startsWith(QLatin1Char('\'')))
-            value = v.mid(1, v.size() - 2);
-        else if (v.startsWith(QLatin1Char('#')))
-            value = QByteArray::fromHex(v.mid(1).toLatin1());
-        else if (v == QLatin1String("true") || v == QLatin1String("false"))
-            value = v == QLatin1String("true");
-        else if (v.endsWith(QLatin1Char('f')) && !v.startsWith(QLatin1String("0x")))
-            value = v.chopped(1).toFloat();
-        else if (v.endsWith(QLatin1Char('u')))
-            value = v.chopped(1).toUInt(nullptr, 0);
-        else if (v.contains(QLatin1Char('.')))
-            value = v.toDouble();
-        map.insert(item.section(QLatin1Char('='), 0, 0).trimmed(), value);
+    for (const QString& item : QString::fromUtf8(text).split(';', Qt::SkipEmptyParts)) {
+        const QString v = item.section('=', 1).trimmed();
+        map.insert(item.section('=', 0, 0).trimmed(),
+                   v.isEmpty()                          ? QVariant()
+                   : v.startsWith('\'')                 ? QVariant(v.mid(1, v.size() - 2))
+                   : v.startsWith('#')                  ? QVariant(QByteArray::fromHex(v.mid(1).toLatin1()))
+                   : v == "true" || v == "false"        ? QVariant(v == "true")
+                   : v.endsWith('u')                    ? QVariant(v.chopped(1).toUInt(nullptr, 0))
+                   : v.endsWith('f') && v.contains('.') ? QVariant(v.chopped(1).toFloat())
+                   : v.contains('.')                    ? QVariant(v.toDouble())
+                                                        : QVariant(v.toInt(nullptr, 0)));
     }
     return map;
 }
@@ -107,6 +102,42 @@ inline void setInfo(Device* device, const QVariantMap& info)
 {
     for (auto it = info.constBegin(); it != info.constEnd(); ++it)
         device->setDeviceInfo(it.key(), it.value());
+}
+
+// The models of the demo line, by polling address.
+inline constexpr const char* DemoModels[] = {"TCV-C", "QP-1C", "pH-7702", "General"};
+
+// A table of reads for ModelLine::checkRead(): "values" is what the device at
+// the address holds and what is expected back; with "noData" the answer
+// carries no data, and every value comes back 0.
+inline void addReadColumns()
+{
+    addColumns<int, int, QString, QVariantMap, bool>({"address", "command", "label", "values", "noData"});
+}
+
+inline void readRow(int address, int command, const char* label, const char* values, bool noData = false)
+{
+    QTest::addRow("%s %d%s", DemoModels[address], command, noData ? " without data: zeros" : "")
+        << address << command << QString(label) << vmap(values) << noData;
+}
+
+// A table of writes for ModelLine::checkWrite(): with "access" the metrology
+// access is opened first; "simSetup" sets the simulated device, "info" holds
+// the values to write, "request" the bytes expected on the line, "warning" a
+// status text the answer brings.
+inline void addWriteColumns()
+{
+    addColumns<int, int, QString, bool, QVariantMap, QVariantMap, QByteArray, QString>(
+        {"address", "command", "label", "access", "simSetup", "info", "request", "warning"});
+}
+
+inline void writeRow(int address, int command, const char* label, const char* info, const char* request,
+                     bool access = false, const char* simSetup = "", const char* warning = "")
+{
+    QTest::addRow("%s %d %s%s", DemoModels[address], command, *label ? label : "without a label",
+                  *warning ? ": a warning" : "")
+        << address << command << QString(label) << access << vmap(simSetup) << vmap(info) << hx(request)
+        << QString(warning);
 }
 
 class ModelLine
@@ -151,17 +182,8 @@ public:
         return device;
     }
 
-    // start() and identify() for a test's init(): the device, or null with
-    // the reason in error.
-    Device* startWith(const QString& templateName, int pollingAddress, QString* error)
-    {
-        if (!start(error))
-            return nullptr;
-        Device* device = identify(templateName, pollingAddress);
-        if (!device)
-            *error = QStringLiteral("%1 at %2 is not identified").arg(templateName).arg(pollingAddress);
-        return device;
-    }
+    // The demo line's device at the polling address, of its own template.
+    Device* identify(int pollingAddress) { return identify(QLatin1String(DemoModels[pollingAddress]), pollingAddress); }
 
     void stop()
     {
@@ -172,23 +194,16 @@ public:
         m_dir.leave();
     }
 
-    // A table of reads for checkRead(): "values" is what the device holds and
-    // what is expected back; with "noData" the answer carries no data, and
-    // every value comes back 0.
-    static void readColumns() { addColumns<int, QString, QVariantMap, bool>({"command", "label", "values", "noData"}); }
-    static void readRow(int command, const char* label, const char* values, bool noData = false)
+    void checkRead()
     {
-        QTest::addRow("%d%s", command, noData ? " without data: zeros" : "")
-            << command << QString(label) << vmap(values) << noData;
-    }
-
-    void checkRead(Device* device, int pollingAddress)
-    {
+        QFETCH(int, address);
         QFETCH(int, command);
         QFETCH(QString, label);
         QFETCH(QVariantMap, values);
         QFETCH(bool, noData);
 
+        Device* device = identify(address);
+        QVERIFY(device);
         // What was there before is replaced, by zeros where the answer falls short.
         QVariantMap expected;
         for (auto it = values.constBegin(); it != values.constEnd(); ++it) {
@@ -198,9 +213,9 @@ public:
                                                                                 : QVariant(0));
         }
         if (noData)
-            m_sim.addFault(pollingAddress, emptyAnswer(command));
+            m_sim.addFault(address, emptyAnswer(command));
         else
-            m_sim.setParams(pollingAddress, values);
+            m_sim.setParams(address, values);
 
         QVERIFY(device->readDevice(command));
         VERIFY_NO_MISMATCH(mismatches(device->deviceInfo(), expected));
@@ -210,24 +225,9 @@ public:
         QVERIFY(device->messageLog().contains(QStringLiteral("reading %1 (cmd=%2)...\n").arg(label).arg(command)));
     }
 
-    // A table of writes for checkWrite(): with "access" the metrology access
-    // is opened first; "simSetup" sets the simulated device, "info" holds the
-    // values to write, "request" the bytes expected on the line, "warning" a
-    // status text the answer brings.
-    static void writeColumns()
+    void checkWrite()
     {
-        addColumns<int, QString, bool, QVariantMap, QVariantMap, QByteArray, QString>(
-            {"command", "label", "access", "simSetup", "info", "request", "warning"});
-    }
-    static void writeRow(int command, const char* label, const char* info, const char* request, bool access = false,
-                         const char* simSetup = "", const char* warning = "")
-    {
-        QTest::addRow("%d %s%s", command, *label ? label : "without a label", *warning ? ": a warning" : "")
-            << command << QString(label) << access << vmap(simSetup) << vmap(info) << hx(request) << QString(warning);
-    }
-
-    void checkWrite(Device* device, int pollingAddress)
-    {
+        QFETCH(int, address);
         QFETCH(int, command);
         QFETCH(QString, label);
         QFETCH(bool, access);
@@ -235,7 +235,9 @@ public:
         QFETCH(QVariantMap, info);
         QFETCH(QString, warning);
 
-        m_sim.setParams(pollingAddress, simSetup);
+        Device* device = identify(address);
+        QVERIFY(device);
+        m_sim.setParams(address, simSetup);
         setInfo(device, info);
         if (access)
             QVERIFY(device->sendAdjustCode(12345));
@@ -248,42 +250,10 @@ public:
         QCOMPARE(int(record.command), command);
         QTEST(record.data, "request");
         // The device keeps the values under the keys the program has them.
-        VERIFY_NO_MISMATCH(mismatches(m_sim.params(pollingAddress, info.keys()), info, true));
+        VERIFY_NO_MISMATCH(mismatches(m_sim.params(address, info.keys()), info, true));
         QCOMPARE(device->getDeviceInfoByte("modify_count"), modifyCount + 1);
         QVERIFY(device->messageLog().contains(QStringLiteral("writing %1 (cmd=%2)...\n").arg(label).arg(command)));
         QCOMPARE(device->statusTexts().contains(warning), !warning.isEmpty());
-    }
-
-    // Metrology access closed, even the save of the manufacturer's settings
-    // is refused. Open, a restore with nothing saved is refused; the save
-    // changes nothing, the command writes the values, and the restore brings
-    // the old ones back, a change of the configuration.
-    void checkManufacturerSettings(Device* device, int pollingAddress, int command, const QVariantMap& info)
-    {
-        const QVariantMap before = m_sim.params(pollingAddress, info.keys());
-        device->setDeviceInfo("manufacturer_settings", 1);
-        QVERIFY(!device->writeDevice(192));
-        QCOMPARE(device->errorText(), QStringLiteral("Command error (error code 16): *** restricted access"));
-        QVERIFY(device->sendAdjustCode(12345));
-        device->setDeviceInfo("manufacturer_settings", 0);
-        QVERIFY(!device->writeDevice(192));
-        QCOMPARE(device->errorText(),
-                 QStringLiteral("Command error (error code 12): *** saved factory settings are missing"));
-
-        const int modifyCount = device->getDeviceInfoByte("modify_count");
-        device->setDeviceInfo("manufacturer_settings", 1);
-        QVERIFY(device->writeDevice(192));
-        QCOMPARE(m_sim.record(5).data, hx("01"));
-        QCOMPARE(device->getDeviceInfoByte("modify_count"), modifyCount);
-        setInfo(device, info);
-        QVERIFY(device->writeDevice(command));
-        VERIFY_NO_MISMATCH(mismatches(m_sim.params(pollingAddress, info.keys()), info, true));
-        device->setDeviceInfo("manufacturer_settings", 0);
-        QVERIFY(device->writeDevice(192));
-        QCOMPARE(m_sim.record(7).data, hx("00"));
-        QCOMPARE(m_sim.params(pollingAddress, info.keys()), before);
-        QCOMPARE(device->getDeviceInfoByte("modify_count"), modifyCount + 2);
-        QVERIFY(device->messageLog().contains(QStringLiteral("writing manufacturer settings (cmd=192)...\n")));
     }
 
     SimulatedLine& sim() { return m_sim; }

@@ -4,6 +4,7 @@
 #include "scratchdir.h"
 
 #include <QDir>
+#include <QRegularExpression>
 #include <QtTest>
 
 namespace {
@@ -59,16 +60,11 @@ private slots:
         QVERIFY(!appKeysOf(copy).contains(QStringLiteral("log_view_lines_limit")));
         AppSettings back;
         back.loadConfig(copy);
-        QCOMPARE(back.geometry, binary);
-        QCOMPARE(back.splitter, settings.splitter);
-        QCOMPARE(back.bPrimaryMaster, false);
-        QCOMPARE(back.log_flags, settings.log_flags);
-        QCOMPARE(back.currentItemName, settings.currentItemName);
-        QCOMPARE(back.font.pointSize(), 17);
-        QCOMPARE(back.language, QStringLiteral("en_US"));
-        QCOMPARE(back.serverData, settings.serverData);
-        QCOMPARE(back.log_file_enabled, false);
-        QCOMPARE(back.logViewLinesLimit, 1000);
+        QCOMPARE((QVariantList{back.geometry, back.splitter, back.bPrimaryMaster, back.log_flags, back.currentItemName,
+                               back.font.pointSize(), back.language, back.serverData, back.log_file_enabled,
+                               back.logViewLinesLimit}),
+                 (QVariantList{binary, settings.splitter, false, settings.log_flags, settings.currentItemName, 17,
+                               "en_US", settings.serverData, false, 1000}));
 
         // Without the key the primary master is the default again.
         // A font not understood and a limit out of range leave what was there.
@@ -124,6 +120,45 @@ private slots:
         settings.language = QStringLiteral("en_US");
         QVERIFY(settings.save());
         QCOMPARE(appKeysOf(gone).value(QStringLiteral("language")).toString(), QStringLiteral("en_US"));
+    }
+
+    // QJsonSettings, which the settings are read with, keeps a file it cannot
+    // read aside.
+    void unreadableFileIsKept_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<int>("line");
+
+        QTest::newRow("dangling comma, found on line 5") << QByteArray("{\n  \"app\": {\n    \"a\": 1\n  ,\n}\n") << 5;
+        QTest::newRow("array at the top") << QByteArray("[1, 2]") << 1;
+    }
+
+    void unreadableFileIsKept()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(int, line);
+        const QString name = m_dir.writeFile("user.cfg", content);
+
+        QSettings::Status status = QSettings::NoError;
+        QStringList keys{"none read"};
+        const QStringList errors = logOf([&] {
+                                       QJsonSettings settings(name);
+                                       status = settings.status();
+                                       keys = settings.allKeys();
+                                       settings.setValue("app", QVariantMap{{"b", 2}});
+                                       settings.sync();
+                                   }).filter(QRegularExpression("^__DEBUGQT_PREFIX__ 1 "));
+        QCOMPARE(status, QSettings::FormatError);
+        QCOMPARE(keys, QStringList());
+        // A second reader of the same bad content makes no second copy.
+        m_dir.writeFile("user.cfg", content);
+        logOf([&] { QJsonSettings(name).allKeys(); });
+
+        QCOMPARE(errors.size(), 1);
+        QVERIFY2(errors.first().contains(QStringLiteral("parse error at line: %1 ,").arg(line)),
+                 qPrintable(errors.first()));
+        QCOMPARE(m_dir.readFile("user.cfg.corrupt"), content);
+        QVERIFY(!QFile::exists(name + ".corrupt.1"));
     }
 };
 

@@ -12,8 +12,8 @@ namespace {
 // A row of writes(): the request data the device information makes, what the
 // answer leaves in it, whether the write counts as a change, and whether the
 // device answers with no data at all.
-void writeRow(const char* name, int command, const QVariantMap& info, const QByteArray& request, bool counts = true,
-              const char* stored = "", bool empty = false)
+void genericWriteRow(const char* name, int command, const QVariantMap& info, const QByteArray& request,
+                     bool counts = true, const char* stored = "", bool empty = false)
 {
     QTest::newRow(name) << command << info << empty << request << vmap(stored) << counts;
 }
@@ -57,12 +57,15 @@ private slots:
         m_dir.leave();
     }
 
+    // With "empty" the answer carries no data: what was there before is
+    // replaced by zeros where the answer falls short, and kept where it ends,
+    // as it is by a device with only PV assigned.
     void reads_data()
     {
-        addColumns<int, QVariantMap, QVariantMap>({"command", "simSetup", "expected"});
-
-        auto row = [](const char* name, int command, const char* expected, const char* simSetup = "") {
-            QTest::newRow(name) << command << vmap(simSetup) << vmap(expected);
+        addColumns<int, QVariantMap, bool, QVariantMap>({"command", "simSetup", "empty", "expected"});
+        auto row = [](const char* name, int command, const char* expected, const char* simSetup = "",
+                      bool empty = false) {
+            QTest::newRow(name) << command << vmap(simSetup) << empty << vmap(expected);
         };
         const char* assignments = "PV_dev_variable_code=1; SV_dev_variable_code=0; TV_dev_variable_code=3; "
                                   "QV_dev_variable_code=2";
@@ -71,26 +74,36 @@ private slots:
         row("3 device variables", 3,
             "output_current=14.0f; PV_unit_code=12; PV=62.5f; SV_unit_code=32; SV=23.5f; TV_unit_code=19; TV=12.0f; "
             "QV_unit_code=57; QV=50.0f");
+        row("3 empty keeps SV on", 3,
+            "output_current=0.0f; PV_unit_code=0; PV=0.0f; SV_unit_code=7; SV=99.0f; QV=99.0f", "", true);
+        row("3 with PV only", 3,
+            "output_current=14.0f; PV_unit_code=12; PV=62.5f; SV_unit_code=7; SV=99.0f; TV_unit_code=",
+            "SV_dev_variable_code=250");
         row("7 polling address", 7, "polling_address=0; current_loop_mode=0", "current_loop_mode=0");
         row("8 classifications", 8, "PV_class_code=65; SV_class_code=64; TV_class_code=66; QV_class_code=0");
         row("12 message", 12, "message='HELLO WORLD'");
         QTest::newRow("13 tag, descriptor, date")
-            << 13 << QVariantMap()
+            << 13 << QVariantMap() << false
             << QVariantMap{{"tag", "PT-1"}, {"descriptor", "PRESSURE LOOP"}, {"date", QDate(2026, 3, 15)}};
+        QTest::newRow("13 empty: an invalid date is stored")
+            << 13 << QVariantMap() << true << QVariantMap{{"tag", ""}, {"descriptor", ""}, {"date", QDate()}};
         row("14 sensor", 14,
             "sensor_number=0xABCDEFu; sensor_unit_code=12; sensor_range_max=250.0f; sensor_range_min=-100.0f; "
             "sensor_minimum_range=1.0f",
             "sensor_number=0xABCDEF");
+        row("14 empty", 14, "sensor_number=0u; sensor_minimum_range=0.0f", "", true);
         row("15 output info", 15,
             "PV_alarm_selection_code=1; conversion_function=1; range_unit_code=12; range_max=100.0f; range_min=0.0f; "
             "damping_time=2.5f; write_protection=1; distributor_label=7",
             "write_protection=1");
         row("16 final assembly number", 16, "final_assembly_number=0x123456u");
         row("20 long tag", 20, "long_tag='Pump one'");
+        row("20 empty", 20, "long_tag=''", "", true);
         row("48 device status", 48,
             "error_code=3; ADC_flags=0; EEPROM_flags=0; device_specific_status=#030000000000; extended_status=2; "
             "standart_status_0=0",
             "error_code=3; extended_status=2");
+        row("48 empty", 48, "error_code=0; device_specific_status=#; standart_status_0=0", "", true);
         row("50 assignments", 50, assignments, assignments);
     }
 
@@ -98,9 +111,15 @@ private slots:
     {
         QFETCH(int, command);
         QFETCH(QVariantMap, simSetup);
+        QFETCH(bool, empty);
         QFETCH(QVariantMap, expected);
 
+        for (const char* key : {"PV", "SV", "QV", "sensor_minimum_range", "output_current"})
+            m_device->setDeviceInfo(QLatin1String(key), 99.0f);
+        setInfo(m_device, {{"SV_unit_code", 7}, {"long_tag", "old"}, {"date", QDate(2020, 1, 1)}});
         m_line.sim.setParams(0, simSetup);
+        if (empty)
+            m_line.sim.addFault(0, emptyAnswer(command));
         const int modifyCount = m_device->getDeviceInfoByte("modify_count");
         QVERIFY(m_device->readDevice(command));
         VERIFY_NO_MISMATCH(mismatches(m_device->deviceInfo(), expected));
@@ -111,43 +130,6 @@ private slots:
         QCOMPARE(m_device->getDeviceInfoByte("modify_count"), modifyCount);
         QCOMPARE(m_device->state(), 2);
         QVERIFY(m_device->deviceTagState() & Device::TagStateRead);
-    }
-
-    // What was there before is replaced by zeros where the answer falls
-    // short, and kept where it ends: answered without data, or by a device
-    // with only PV assigned.
-    void shortAnswers_data()
-    {
-        addColumns<int, QVariantMap, QVariantMap>({"command", "simSetup", "expected"});
-        auto row = [](const char* name, int command, const char* expected, const char* simSetup = "") {
-            QTest::newRow(name) << command << vmap(simSetup) << vmap(expected);
-        };
-        row("3 keeps SV on", 3, "output_current=0.0f; PV_unit_code=0; PV=0.0f; SV_unit_code=7; SV=99.0f; QV=99.0f");
-        row("3 with PV only", 3,
-            "output_current=14.0f; PV_unit_code=12; PV=62.5f; SV_unit_code=7; SV=99.0f; TV_unit_code=",
-            "SV_dev_variable_code=250");
-        QTest::newRow("13: an invalid date is stored")
-            << 13 << QVariantMap() << QVariantMap{{"tag", ""}, {"descriptor", ""}, {"date", QDate()}};
-        row("14", 14, "sensor_number=0u; sensor_minimum_range=0.0f");
-        row("20", 20, "long_tag=''");
-        row("48", 48, "error_code=0; device_specific_status=#; standart_status_0=0");
-    }
-
-    void shortAnswers()
-    {
-        QFETCH(int, command);
-        QFETCH(QVariantMap, simSetup);
-        QFETCH(QVariantMap, expected);
-
-        for (const char* key : {"PV", "SV", "QV", "sensor_minimum_range", "output_current"})
-            m_device->setDeviceInfo(QLatin1String(key), 99.0f);
-        setInfo(m_device, {{"SV_unit_code", 7}, {"long_tag", "old"}, {"date", QDate(2020, 1, 1)}});
-        if (simSetup.isEmpty())
-            m_line.sim.addFault(0, emptyAnswer(command));
-        m_line.sim.setParams(0, simSetup);
-        QVERIFY(m_device->readDevice(command));
-        QCOMPARE(int(m_line.sim.record(2).command), command);
-        VERIFY_NO_MISMATCH(mismatches(m_device->deviceInfo(), expected));
     }
 
     void versionGate()
@@ -179,43 +161,44 @@ private slots:
     {
         addColumns<int, QVariantMap, bool, QByteArray, QVariantMap, bool>(
             {"command", "info", "empty", "request", "infoExpected", "counts"});
-        writeRow("6 polling address", 6, {{"polling_address", 0}, {"current_loop_mode", 0}}, hx("0000"));
-        writeRow("17 message", 17, {{"message", "Calibrated on site"}},
-                 hx("0c130909205414480f3a04c9505820820820820820820820"));
-        writeRow("17 message cut to 32", 17, {{"message", "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789"}},
-                 hx("0420c41461c824a2cc34e3d04524d45565d865ac31cb3d35"));
-        writeRow("18 tag, descriptor, date 2026", 18,
-                 {{"tag", "TT-101"}, {"descriptor", "Boiler feed"}, {"date", QDate(2026, 5, 20)}},
-                 hx("514b71c31820 08f24c152806145120820820 14057e"));
-        writeRow("19 final assembly number", 19, {{"final_assembly_number", 0x0A0B0C}}, hx("0a0b0c"));
-        writeRow("22 long tag in Latin-1", 22, {{"long_tag", QString::fromUtf8("Bomba de alimentación")}},
-                 QByteArray("Bomba de alimentaci\xF3n") + QByteArray(11, '\0'));
-        writeRow("22 long tag cut to 32", 22, {{"long_tag", "Feed water pump, north side, #02 (spare)"}},
-                 QByteArray("Feed water pump, north side, #02"));
-        writeRow("34 damping", 34, {{"damping_time", 2.5f}}, hx("40200000"));
-        writeRow("35 range", 35, {{"range_unit_code", 12}, {"range_max", 200.0f}, {"range_min", -50.0f}},
-                 hx("0c43480000c2480000"));
-        writeRow("36 PV as upper range value", 36, {}, QByteArray());
-        writeRow("38 reset config changed flag: no count", 38, {}, hx("0000"), false);
-        writeRow("40 fixed current: no count", 40, {{"fixed_current", 12.0f}}, hx("41400000"), false,
-                 "fixed_current=12.0f");
-        writeRow("40 answered without data: stored", 40, {{"fixed_current", 12.0f}}, hx("41400000"), false,
-                 "fixed_current=0.0f", true);
-        writeRow("41 self test: no count", 41, {}, QByteArray(), false);
-        writeRow("44 PV unit", 44, {{"input_units", 11}}, hx("0b"));
-        writeRow("45 adjust 4 mA", 45, {{"adjust_4mA", 4.25f}}, hx("40880000"), true, "adjust_4mA=4.25f");
-        writeRow("46 adjust 20 mA", 46, {{"adjust_20mA", 20.5f}}, hx("41a40000"), true, "adjust_20mA=20.5f");
-        writeRow("47 transfer function", 47, {{"conversion_function", 0}}, hx("00"));
-        writeRow("48 with nothing read yet: no count", 48, {}, QByteArray(), false,
-                 "error_code=0; device_specific_status=#000000000000");
-        writeRow("49 sensor number", 49, {{"sensor_number", 0x010203}}, hx("010203"));
-        writeRow("51 assignments", 51,
-                 vmap("PV_dev_variable_code=1; SV_dev_variable_code=0; TV_dev_variable_code=3; QV_dev_variable_code=2"),
-                 hx("01000302"));
-        writeRow("53 variable units", 53, {{"dev_variable_code", 1}, {"dev_variable_limits_unit_code", 33}},
-                 hx("0121"));
-        writeRow("59 preambles", 59, {{"preambles_count", 7}}, hx("07"));
-        writeRow("129 write protection", 129, {{"write_protection", 1}}, hx("01"));
+        genericWriteRow("6 polling address", 6, {{"polling_address", 0}, {"current_loop_mode", 0}}, hx("0000"));
+        genericWriteRow("17 message", 17, {{"message", "Calibrated on site"}},
+                        hx("0c130909205414480f3a04c9505820820820820820820820"));
+        genericWriteRow("17 message cut to 32", 17, {{"message", "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789"}},
+                        hx("0420c41461c824a2cc34e3d04524d45565d865ac31cb3d35"));
+        genericWriteRow("18 tag, descriptor, date 2026", 18,
+                        {{"tag", "TT-101"}, {"descriptor", "Boiler feed"}, {"date", QDate(2026, 5, 20)}},
+                        hx("514b71c31820 08f24c152806145120820820 14057e"));
+        genericWriteRow("19 final assembly number", 19, {{"final_assembly_number", 0x0A0B0C}}, hx("0a0b0c"));
+        genericWriteRow("22 long tag in Latin-1", 22, {{"long_tag", QString::fromUtf8("Bomba de alimentación")}},
+                        QByteArray("Bomba de alimentaci\xF3n") + QByteArray(11, '\0'));
+        genericWriteRow("22 long tag cut to 32", 22, {{"long_tag", "Feed water pump, north side, #02 (spare)"}},
+                        QByteArray("Feed water pump, north side, #02"));
+        genericWriteRow("34 damping", 34, {{"damping_time", 2.5f}}, hx("40200000"));
+        genericWriteRow("35 range", 35, {{"range_unit_code", 12}, {"range_max", 200.0f}, {"range_min", -50.0f}},
+                        hx("0c43480000c2480000"));
+        genericWriteRow("36 PV as upper range value", 36, {}, QByteArray());
+        genericWriteRow("38 reset config changed flag: no count", 38, {}, hx("0000"), false);
+        genericWriteRow("40 fixed current: no count", 40, {{"fixed_current", 12.0f}}, hx("41400000"), false,
+                        "fixed_current=12.0f");
+        genericWriteRow("40 answered without data: stored", 40, {{"fixed_current", 12.0f}}, hx("41400000"), false,
+                        "fixed_current=0.0f", true);
+        genericWriteRow("41 self test: no count", 41, {}, QByteArray(), false);
+        genericWriteRow("44 PV unit", 44, {{"input_units", 11}}, hx("0b"));
+        genericWriteRow("45 adjust 4 mA", 45, {{"adjust_4mA", 4.25f}}, hx("40880000"), true, "adjust_4mA=4.25f");
+        genericWriteRow("46 adjust 20 mA", 46, {{"adjust_20mA", 20.5f}}, hx("41a40000"), true, "adjust_20mA=20.5f");
+        genericWriteRow("47 transfer function", 47, {{"conversion_function", 0}}, hx("00"));
+        genericWriteRow("48 with nothing read yet: no count", 48, {}, QByteArray(), false,
+                        "error_code=0; device_specific_status=#000000000000");
+        genericWriteRow("49 sensor number", 49, {{"sensor_number", 0x010203}}, hx("010203"));
+        genericWriteRow(
+            "51 assignments", 51,
+            vmap("PV_dev_variable_code=1; SV_dev_variable_code=0; TV_dev_variable_code=3; QV_dev_variable_code=2"),
+            hx("01000302"));
+        genericWriteRow("53 variable units", 53, {{"dev_variable_code", 1}, {"dev_variable_limits_unit_code", 33}},
+                        hx("0121"));
+        genericWriteRow("59 preambles", 59, {{"preambles_count", 7}}, hx("07"));
+        genericWriteRow("129 write protection", 129, {{"write_protection", 1}}, hx("01"));
     }
 
     void writes()

@@ -1,7 +1,5 @@
-#include "device.h"
 #include "port.h"
 #include "server.h"
-#include "simulatedline.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -245,51 +243,6 @@ private slots:
         for (const Port* port : server.ports())
             names << port->name();
         QCOMPARE(names, ports);
-    }
-
-    void aConfigurationOnTheDemoLine()
-    {
-        SimulatedLine sim;
-        QString error;
-        QVERIFY2(sim.startDemo(&error), qPrintable(error));
-
-        // One port on the line, the four devices of it.
-        QVariantList devices;
-        const char* const templates[] = {"TCV-C", "QP-1C", "pH-7702", "General"};
-        for (int address = 0; address < 4; ++address)
-            devices << QVariantMap{{"name", QStringLiteral("D%1").arg(address)},
-                                   {"template", templates[address]},
-                                   {"polling_address", address}};
-        Server server;
-        QVERIFY(server.load(
-            {{"ports",
-              QVariantList{QVariantMap{
-                  {"name", "Line 1"}, {"serial_name", sim.path()}, {"byte_timeout", 20}, {"devices", devices}}}}}));
-        Port* port = server.portByName("Line_1");
-        QVERIFY(port);
-        QCOMPARE(port->devices().size(), 4);
-        for (Device* device : port->devices()) {
-            for (int command : {0, 1, 2, 3, 7, 8, 12, 13, 14, 15, 16, 20, 48})
-                QVERIFY2(device->readDevice(command), qPrintable(QStringLiteral("%1, command %2: %3")
-                                                                     .arg(device->name())
-                                                                     .arg(command)
-                                                                     .arg(device->errorText())));
-            QVERIFY(device->isIdentified());
-        }
-        // The tag the simulator holds, and the name made of it.
-        QCOMPARE(port->device(1)->getDeviceInfoString("tag").trimmed(), QStringLiteral("PT-102"));
-        QCOMPARE(port->device(1)->name(), QStringLiteral("QP-1C_{PT-102}"));
-
-        // What was read is saved.
-        const QVariantMap savedPort = server.save().value("ports").toList().at(0).toMap();
-        QCOMPARE(savedPort.value("serial_name").toString(), sim.path());
-        const QVariantMap second = savedPort.value("devices").toList().at(1).toMap();
-        QCOMPARE(second.value("template").toString(), QStringLiteral("QP-1C"));
-        const QVariantMap parameters = second.value("parameters").toMap();
-        QCOMPARE(parameters.value("address").toString(), QStringLiteral("0x20h 0x93h 0x00h 0x93h 0x01h"));
-        QCOMPARE(parameters.value("manufacturer_code").toInt(), 0xE0);
-        for (const char* key : {"range_max", "output_current", "error_code"})
-            QVERIFY2(parameters.contains(key), key);
     }
 };
 

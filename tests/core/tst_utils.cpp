@@ -1,3 +1,4 @@
+#include "byteswapper.h"
 #include "debugqt.h"
 #include "qjsonsettings.h"
 #include "scratchdir.h"
@@ -5,6 +6,11 @@
 
 #include <QTemporaryDir>
 #include <QtTest>
+
+static QByteArray hx(const char* hex)
+{
+    return QByteArray::fromHex(hex);
+}
 
 static QVariantMap sample()
 {
@@ -77,7 +83,7 @@ private slots:
 
     void extractBits()
     {
-        QByteArray data = QByteArray::fromHex("b5 3c 01 80 00 00 00 ff");
+        QByteArray data = hx("b5 3c 01 80 00 00 00 ff");
         auto* bytes = reinterpret_cast<unsigned char*>(data.data());
         QCOMPARE(extract_bits(bytes, 0, 4), 0x5u);
         QCOMPARE(extract_bits(bytes, 4, 8), 0xCBu); // across bytes
@@ -98,6 +104,24 @@ private slots:
         // "app" asks for the copy of "common"; "app" itself is read back empty.
         QCOMPARE(QJsonSettings(file).value("common").toMap().value("k").toInt(), 1);
         QVERIFY(back.value("app").toMap().isEmpty());
+    }
+
+    void byteOrder()
+    {
+        // Byte i of the result is the source's byte named by digit i of the rule.
+        QCOMPARE(ByteSwapper::convert(hx("01020304"), "3210"), hx("04030201"));
+        QCOMPARE(ByteSwapper::convert(hx("0102"), "00"), hx("0101"));
+        QCOMPARE(ByteSwapper::convert(hx("0102"), "210"), QByteArray()); // the source is shorter than the rule
+        QCOMPARE(ByteSwapper::convert(hx("0102"), ""), hx("0000"));      // an empty rule keeps the length
+
+        // The inverse swaps neighbours: a reversal is not inverted.
+        QCOMPARE(ByteSwapper::inverseRule("0123"), QString("1032"));
+        QCOMPARE(ByteSwapper::inverseRule("3210"), QString("2301"));
+        QCOMPARE(ByteSwapper::inverseRule(""), QString());
+
+        QCOMPARE(ByteSwapper::swap_byteorder(hx("3f800000 40490fdb"), 4), hx("0000803f db0f4940"));
+        QCOMPARE(ByteSwapper::swap_byteorder(hx("0102030405"), 4), QByteArray());
+        QCOMPARE(ByteSwapper::swap_byteorder(hx("01"), 0), QByteArray());
     }
 };
 

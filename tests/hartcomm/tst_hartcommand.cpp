@@ -117,7 +117,6 @@ private slots:
         requestRow("no preambles", hx("03"), 13, true, hx("02 83 0D 00 8C"), none, -1, 0);
         requestRow("two-byte address, secondary", hx("85 11"), 0, false, hx("02 05 00 00 07"));
         requestRow("empty address, secondary", none, 0, false, hx("02 00 00 00 02"));
-        requestRow("empty address, primary", none, 0, true, hx("02 80 00 00 82"));
         // The burst bit is cleared on every request.
         requestRow("bit 6 cleared, long secondary", hx("66 0A 12 34 56"), 1, false, hx("82 26 0A 12 34 56 01 00 DF"));
         requestRow("seven-byte address", hx("26 0A 12 34 56 77 88"), 0, true, hx("82 A6 0A 12 34 56 00 00 5E"));

@@ -48,8 +48,9 @@ private slots:
         QTest::addColumn<QByteArray>("json");
         QTest::addColumn<QString>("message"); // a part of the error text
 
+        QTest::newRow("no file") << QByteArray() << ": cannot read";
         QTest::newRow("syntax error") << QByteArray("{\n  \"devices\": [\n    { \"model\": \"generic\",, }\n  ]\n}")
-                                      << "test.json:3:";
+                                      << ":3:27: JSON syntax error";
         QTest::newRow("not an object") << QByteArray("[]") << "one JSON object";
         QTest::newRow("unknown top-level key")
             << QByteArray(R"({ "devices": [], "devcies": [] })") << "unknown key \"devcies\"";
@@ -76,35 +77,20 @@ private slots:
     {
         QFETCH(QByteArray, json);
         QFETCH(QString, message);
+        QTemporaryDir dir;
+        const QString path = dir.filePath("test.json");
+        QFile file(path);
+        QVERIFY(json.isNull() || (file.open(QIODevice::WriteOnly) && file.write(json) == json.size()));
+        file.close();
         Scenario scenario;
         QString error;
-        QVERIFY(!scenario.loadJson(json, "test.json", &error));
-        QVERIFY2(error.contains(message) && error.startsWith("test.json:"), qPrintable(error));
+        QVERIFY(!scenario.loadFile(path, &error));
+        QVERIFY2(error.startsWith(path + ':') && error.contains(message), qPrintable(error));
         // Nothing is loaded, and nothing reaches a line.
         SimLine line;
         QVERIFY(scenario.apply(line, &error));
         QVERIFY(line.pollingAddresses().isEmpty());
         QVERIFY(line.faults().isEmpty());
-    }
-
-    void errorsInAFile()
-    {
-        QTemporaryDir dir;
-        const QString path = dir.filePath("broken.json");
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(
-            "{\n\"timing\": \"line\",\n\"devices\": [\n{ \"model\": \"generic\" \"polling_address\": 0 }\n]\n}\n");
-        file.close();
-        SimLine line;
-        QString error;
-        QVERIFY(!Scenario::load(path, line, &error));
-        QVERIFY2(error.startsWith(path + ":4:") && error.contains("JSON syntax error"), qPrintable(error));
-        QVERIFY(line.pollingAddresses().isEmpty());
-        QCOMPARE(line.timing(), SimLine::Timing::Fast);
-        const QString missing = dir.filePath("none.json");
-        QVERIFY(!Scenario::load(missing, line, &error));
-        QVERIFY2(error.startsWith(missing + ": cannot read"), qPrintable(error));
     }
 
     void faults()

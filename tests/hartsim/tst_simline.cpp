@@ -1,8 +1,8 @@
-#include "simdevicetestutil.h"
 #include "simframe.h"
 #include "simline.h"
 
 #include <QTemporaryDir>
+#include <QtTest>
 
 #include <chrono>
 #include <ctime>
@@ -14,9 +14,13 @@
 #include <unistd.h>
 
 using namespace hartsim;
-using simtest::hx;
 
 namespace {
+
+QByteArray hx(const char* hex)
+{
+    return QByteArray::fromHex(hex);
+}
 
 using Clock = std::chrono::steady_clock;
 

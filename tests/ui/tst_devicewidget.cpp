@@ -1,5 +1,8 @@
 #include "device.h"
 #include "devicewidget.h"
+#include "modalanswerer.h"
+#include "pvwidget.h"
+#include "statuswidget.h"
 #include "unibaseinput.h"
 
 #include <QCheckBox>
@@ -7,6 +10,7 @@
 #include <QDateEdit>
 #include <QDoubleSpinBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QSpinBox>
 #include <QtTest>
 
@@ -177,6 +181,99 @@ private slots:
         first.showFinalMessage(0);   // no device: the flag alone is cleared
         QVERIFY(!editor.isActiveTransaction());
         QVERIFY(second.initProgressBar(QStringLiteral("two"), 1));
+    }
+    // The status panel: the device's status in its colour, and the verdict of a transaction.
+    void statusColour_data()
+    {
+        QTest::addColumn<QByteArray>("code");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("none") << QByteArray() << "<p style=\"color: green; font: bold;\"></p>";
+        QTest::newRow("good") << QByteArray(2, 0) << "<p style=\"color: green; font: bold;\">00 00</p>";
+        QTest::newRow("response code") << QByteArray("\x07\x00", 2) << "<p style=\"color: red; font: bold;\">07 00</p>";
+        QTest::newRow("device status") << QByteArray("\x00\x40", 2) << "<p style=\"color: magenta;\">00 40</p>";
+        QTest::newRow("both: device status") << QByteArray("\x05\x4a", 2) << "<p style=\"color: magenta;\">05 4A</p>";
+    }
+
+    void statusColour()
+    {
+        QFETCH(QByteArray, code);
+        DeviceWidget owner;
+        StatusWidget status(&owner);
+        status.onAppendDeviceStatus(QString(), code);
+        QTEST(status.statusText(), "shown");
+    }
+
+    void verdict_data()
+    {
+        QTest::addColumn<int>("steps");
+        QTest::addColumn<int>("taken");
+        QTest::addColumn<int>("final"); // the argument of the final message
+        QTest::addColumn<QString>("error");
+        QTest::addColumn<bool>("green");
+        QTest::addColumn<QStringList>("boxes");
+        QTest::newRow("all steps") << 2 << 2 << 0 << "old error" << true << QStringList();
+        QTest::newRow("steps given") << 3 << 0 << 3 << "" << true << QStringList();
+        QTest::newRow("no step announced") << 0 << 0 << 0 << "" << true << QStringList();
+        QTest::newRow("short, quiet device") << 2 << 1 << 0 << "" << false << QStringList();
+        QTest::newRow("short, device error")
+            << 2 << 1 << 0 << "No answer***timeout" << false << QStringList{"Reading|No answer\n*timeout"};
+    }
+
+    void verdict()
+    {
+        QFETCH(int, steps);
+        QFETCH(int, taken);
+        QFETCH(int, final);
+        QFETCH(QString, error);
+        QFETCH(bool, green);
+        Device device;
+        device.setErrorText(error);
+        DeviceWidget owner(nullptr, &device);
+        StatusWidget status(&owner);
+        status.onDeviceChanged(&device);
+        ModalAnswerer answerer;
+        status.onInitProgressBar(QStringLiteral("Reading"), steps);
+        status.onInitProgressBar(QStringLiteral("Second"), 99); // a running sequence keeps its own
+        for (int i = 0; i < taken; ++i)
+            status.onNextStep();
+        status.onShowFinalMessage(final);
+        QCOMPARE(status.errorText().contains("completed successfully"), green);
+        QCOMPARE(status.errorText().contains("completed with errors"), !green);
+        QTEST(answerer.seen(), "boxes");
+        QVERIFY(!status.isBusy());
+    }
+
+    // The live values panel lists each status text once, prefixed with the code that brought it.
+    void pvStatusLines_data()
+    {
+        QTest::addColumn<QByteArray>("code");
+        QTest::addColumn<QStringList>("texts"); // one report after the other
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<bool>("configChanged");
+        QTest::newRow("good, no prefix") << QByteArray(2, 0) << QStringList{"all well"} << "all well" << false;
+        QTest::newRow("prefixed, once each")
+            << QByteArray("\x00\x40", 2) << QStringList{"Configuration changed\nCold start", "Cold start"}
+            << "[00 40] Configuration changed\n[00 40] Cold start" << true;
+        QTest::newRow("separator unprefixed") << QByteArray("\x07\x00", 2) << QStringList{"--- more ---\nProtected"}
+                                              << "--- more ---\n[07 00] Protected" << false;
+    }
+
+    void pvStatusLines()
+    {
+        QFETCH(QByteArray, code);
+        QFETCH(QStringList, texts);
+        QFETCH(QString, shown);
+        DeviceWidget owner;
+        PVWidget panel(&owner, 4, true);
+        panel.onUpdateButtons(true);
+        for (const QString& text : texts)
+            panel.appendDeviceStatus(text, code);
+        QCOMPARE(panel.statusLines(), shown);
+        QTEST(panel.findChild<QPushButton*>("btnResetConfigChanged")->isEnabled(), "configChanged");
+        // A new transaction starts a new list.
+        panel.onInitProgressBar(QStringLiteral("next"), 1);
+        panel.appendDeviceStatus(texts.first(), code);
+        QCOMPARE(panel.statusLines(), shown.section('\n', 0, texts.first().count('\n')));
     }
 };
 

@@ -4,6 +4,7 @@
 #include "device.h"
 #include "finddevicedialog.h"
 #include "helpviewer.h"
+#include "logwidget.h"
 #include "mainwindow.h"
 #include "modalanswerer.h"
 #include "port.h"
@@ -13,6 +14,9 @@
 
 #include <QAction>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QSpinBox>
 #include <QSplitter>
 #include <QTableWidget>
@@ -405,23 +409,73 @@ private slots:
         QVERIFY(window.isWindowModified());
     }
 
-    // The root's page is the manual in the language of the interface; the
-    // status bar shows the project's version in either.
+    // The log panel breaks lines at each "***" past the first character and
+    // keeps its last so many lines; Save As writes them in UTF-8.
+    void logPanel_data()
+    {
+        QTest::addColumn<QString>("search"); // the search buttons work with a text only
+        QTest::addColumn<int>("limit");
+        QTest::addColumn<QStringList>("messages");
+        QTest::addColumn<QString>("shown");
+        QStringList lines;
+        for (int i = 1; i <= 101; ++i)
+            lines << QString::number(i);
+        QTest::newRow("no mark") << "" << 100 << QStringList{"TX 82 a6"} << "TX 82 a6";
+        QTest::newRow("every mark inside breaks") << "b" << 100 << QStringList{"a*** b*** c"} << "a\n*** b\n*** c";
+        QTest::newRow("mark first: as it stands") << "*" << 100 << QStringList{"*** a*** b"} << "*** a*** b";
+        QTest::newRow("broken lines count") << "" << 2 << QStringList{"a*** b", "c"} << "*** b\nc";
+        QTest::newRow("100 lines kept") << "100" << 100 << lines.mid(0, 100) << lines.mid(0, 100).join('\n');
+        QTest::newRow("101st drops the 1st") << "" << 100 << lines << lines.mid(1).join('\n');
+        QTest::newRow("saved in UTF-8") << "нет" << 100 << QStringList{"ошибка*** нет"} << "ошибка\n*** нет";
+    }
+
+    void logPanel()
+    {
+        QFETCH(QString, search);
+        QFETCH(int, limit);
+        QFETCH(QStringList, messages);
+        QFETCH(QString, shown);
+        LogWidget log;
+        log.setLinesCount(limit);
+        for (const QString& message : messages)
+            log.appendLogMessage(0, message);
+        QCOMPARE(log.findChild<QPlainTextEdit*>()->toPlainText(), shown);
+        const QString name = m_dir.filePath("hart.log");
+        QFile::remove(name);
+        ModalAnswerer answerer({name});
+        log.findChild<QPushButton*>("btnSaveAs")->click();
+        QCOMPARE(QString::fromUtf8(readFile(name)), shown);
+        auto* field = log.findChild<QLineEdit*>("txtSearch");
+        field->setText("x");
+        field->setText(search);
+        QCOMPARE(log.findChild<QPushButton*>("btnSearchUp")->isEnabled(), !search.isEmpty());
+        QCOMPARE(log.findChild<QPushButton*>("btnSearchDown")->isEnabled(), !search.isEmpty());
+    }
+
+    // The root's page is the manual in the language of the interface, the
+    // Russian one CP-1251, the English one UTF-8; the status bar shows the
+    // project's version in either. A help file that cannot be opened is said.
     // Last: the translators it loads stay for the rest of the process.
     void manualAndVersionFollowLanguage()
     {
         Application::loadTranslations(QStringLiteral(":/lang"));
         MainWindow window;
-        const auto* manual = qobject_cast<HelpViewer*>(window.editor(window.server()));
+        auto* manual = qobject_cast<HelpViewer*>(window.editor(window.server()));
         QVERIFY(manual);
-        for (const QString language : {"en_US", "ru_RU"}) {
+        for (const QString language : {"ru_RU", "en_US"}) {
             Application::setLanguage(language);
             const bool english = language == "en_US";
             QTRY_COMPARE(manual->text().section('\n', 0, 0),
                          english ? "CALVANE - HART DEVICE CONFIGURATOR" : "CALVANE — КОНФИГУРАТОР HART-ПРИБОРОВ");
-            QCOMPARE(child<QLabel>(window, "labelVersion")->text(),
-                     QString(english ? "Version: %1" : "Версия: %1").arg(CALVANE_VERSION));
+            QTRY_COMPARE(child<QLabel>(window, "labelVersion")->text(),
+                         QString(english ? "Version: %1" : "Версия: %1").arg(CALVANE_VERSION));
         }
+        auto* text = manual->findChild<QPlainTextEdit*>();
+        text->moveCursor(QTextCursor::End);
+        manual->setContentFromFile(m_dir.filePath("missing.txt"));
+        QCOMPARE(manual->text(), QString("Can't open help file"));
+        QCOMPARE(text->textCursor().position(), 0);
+        QVERIFY(text->isReadOnly());
     }
 
 private:
