@@ -1,16 +1,13 @@
 #ifndef TESTS_MODALANSWERER_H
 #define TESTS_MODALANSWERER_H
 
-// Answers the modal dialogs that open while it lives, each once, in the order
-// they come up, and records what each said in seen(): "title|text" for a
-// message box, "title|file" for a file dialog, "title|<class name>" for any
-// other dialog. A progress dialog is no question: it is left alone.
-//
-// Given answers, it takes the next one for each dialog: a message box gets the
-// button of that standard button (its escape button when none is left or the
-// box has no such button), a file dialog the file of that name (or is rejected
-// when none is given), any other dialog is rejected. Given an action, it hands
-// every dialog to it instead.
+// Answers the modal dialogs that open while it lives, each once, in order,
+// and records in seen() what each said: "title|text" of a message box,
+// "title|file" of a file dialog, "title|<class name>" of any other; progress
+// dialogs are left alone. Each takes the next answer: a message box clicks
+// that standard button (its escape button when it has none or none is left),
+// a file dialog takes that file (rejected without one), any other dialog is
+// rejected. Given an action instead, it hands every dialog to it.
 
 #include <QAbstractButton>
 #include <QApplication>

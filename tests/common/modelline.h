@@ -257,7 +257,6 @@ public:
     }
 
     SimulatedLine& sim() { return m_sim; }
-    Port* port() const { return m_port; }
 
 private:
     ScratchDir m_dir;

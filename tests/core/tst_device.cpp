@@ -536,9 +536,7 @@ private slots:
         const int before = int(device->messageLog().size());
         QVERIFY(!device->writeDevice(11));
         QCOMPARE(device->errorText(), QStringLiteral("Invalid chars in device tag!"));
-        QCOMPARE(device->state(), 3);
-        QVERIFY(device->errorCode() != 1);
-        QCOMPARE(tagErrors.size(), 1);
+        QCOMPARE((QList<int>{device->state(), device->errorCode() != 1, int(tagErrors.size())}), (QList<int>{3, 1, 1}));
         QCOMPARE(device->messageLog().mid(before),
                  QList<QString>({QStringLiteral("Try to check %1 by tag 'pt-1' via %2 ...")
                                      .arg(device->name(), m_line.port->configName()),

@@ -163,14 +163,9 @@ private slots:
         QCOMPARE(child->errorCount(), 0);
         QCOMPARE(child->errorText(), QStringLiteral("No error"));
         QCOMPARE(spy.count(), 1);
-    }
-
-    void errorStrings()
-    {
-        Item item;
         QStringList texts;
         for (int code : {1, 2, 3, 4, 5, -3})
-            texts << item.getErrorString(code, 7);
+            texts << child->getErrorString(code, 7);
         QCOMPARE(texts, QStringList({"No error", "Port error (Port error code)", "Config error(invalid access type)",
                                      "Port/Link error", "Timeout error", "No error"}));
     }
@@ -239,10 +234,7 @@ private slots:
         QSignalSpy spy(&server, &Server::loaded);
         QCOMPARE(server.load(map), loaded);
         QCOMPARE(spy.count(), loaded ? 1 : 0);
-        QStringList names;
-        for (const Port* port : server.ports())
-            names << port->name();
-        QCOMPARE(names, ports);
+        QCOMPARE(namesOf(server), ports);
     }
 };
 

@@ -4,6 +4,8 @@
 #include <QRegularExpression>
 #include <QtTest>
 
+#include <tuple>
+
 namespace {
 
 // Responses used across the tests, with their checksums worked out by hand.
@@ -305,14 +307,11 @@ private slots:
 
         const QStringList none;
         const QString comm = "Communication error: ";
-        const QString allDeviceStatus[] = {"*** Field device malfunction",
-                                           "*** Configuration changed",
-                                           "*** Cold start",
-                                           "*** More status available",
-                                           "*** Analogue output fixed",
-                                           "*** Analogue output out of limits",
-                                           "*** Non-primary variable out of limits",
-                                           "*** Primary variable out of limits"};
+        const QStringList allDeviceStatus =
+            QString("*** Field device malfunction|*** Configuration changed|*** Cold start|*** More status available|"
+                    "*** Analogue output fixed|*** Analogue output out of limits|"
+                    "*** Non-primary variable out of limits|*** Primary variable out of limits")
+                .split('|');
 
         // No error, device status only.
         QTest::newRow("00 00") << 1 << hx("00 00") << true << QString() << none;
@@ -331,43 +330,39 @@ private slots:
 
         // Response codes; those from 8 to 12 mean something else for some
         // commands. Command 1 stands for any command.
-        const struct
-        {
-            int code;
-            int command;
-            const char* text;
-        } errors[] = {{2, 1, "*** wrong choice"},
-                      {3, 1, "*** last parameter too large"},
-                      {4, 1, "*** last parameter too small"},
-                      {5, 1, "*** too few data bytes have been received"},
-                      {6, 1, "*** command not executed"},
-                      {7, 1, "*** write protection mode set"},
-                      {13, 1, "*** upper and lower conversion limits are out of permissible values"},
-                      {16, 1, "*** restricted access"},
-                      {18, 1, "*** invalid unit code"},
-                      {29, 1, "*** invalid range"},
-                      {32, 1, "*** device is busy"},
-                      {64, 1, "*** command not implemented"},
-                      {9, 35, "*** the lower range limit greater of maximum allowable value"},
-                      {9, 36, "*** PV value is greater of upper range limit"},
-                      {9, 38, "*** mismatch counter configuration change"},
-                      {9, 45, "*** incorrect fixed current value"},
-                      {9, 133, "*** number of decimal places is too large"},
-                      {9, 3, "*** value set is too large"},
-                      {10, 35, "*** the lower range limit less of minimum  allowable value"},
-                      {10, 36, "*** PV value is less of lower range limit"},
-                      {10, 3, "*** value set is too small"},
-                      {11, 35, "*** the upper range limit greater of maximum allowable value"},
-                      {11, 40, "*** current output off - device in multidrop mode"},
-                      {11, 1, "*** loop Current Not Active (Device in Multidrop Mode)"},
-                      {12, 6, "*** current output mode incorrect selection"},
-                      {12, 35, "*** the upper range value less of minimum  allowable value"},
-                      {12, 192, "*** saved factory settings are missing"},
-                      {12, 1, "*** unrecognized error 12"}};
-        for (const auto& e : errors)
-            QTest::addRow("code %d, command %d", e.code, e.command)
-                << e.command << QByteArray(1, char(e.code)) + '\0' << false
-                << QString("Command error (error code %1): %2").arg(e.code).arg(e.text) << none;
+        const std::tuple<int, int, const char*> errors[] = {
+            {2, 1, "*** wrong choice"},
+            {3, 1, "*** last parameter too large"},
+            {4, 1, "*** last parameter too small"},
+            {5, 1, "*** too few data bytes have been received"},
+            {6, 1, "*** command not executed"},
+            {7, 1, "*** write protection mode set"},
+            {13, 1, "*** upper and lower conversion limits are out of permissible values"},
+            {16, 1, "*** restricted access"},
+            {18, 1, "*** invalid unit code"},
+            {29, 1, "*** invalid range"},
+            {32, 1, "*** device is busy"},
+            {64, 1, "*** command not implemented"},
+            {9, 35, "*** the lower range limit greater of maximum allowable value"},
+            {9, 36, "*** PV value is greater of upper range limit"},
+            {9, 38, "*** mismatch counter configuration change"},
+            {9, 45, "*** incorrect fixed current value"},
+            {9, 133, "*** number of decimal places is too large"},
+            {9, 3, "*** value set is too large"},
+            {10, 35, "*** the lower range limit less of minimum  allowable value"},
+            {10, 36, "*** PV value is less of lower range limit"},
+            {10, 3, "*** value set is too small"},
+            {11, 35, "*** the upper range limit greater of maximum allowable value"},
+            {11, 40, "*** current output off - device in multidrop mode"},
+            {11, 1, "*** loop Current Not Active (Device in Multidrop Mode)"},
+            {12, 6, "*** current output mode incorrect selection"},
+            {12, 35, "*** the upper range value less of minimum  allowable value"},
+            {12, 192, "*** saved factory settings are missing"},
+            {12, 1, "*** unrecognized error 12"}};
+        for (const auto& [code, command, text] : errors)
+            QTest::addRow("code %d, command %d", code, command)
+                << command << QByteArray(1, char(code)) + '\0' << false
+                << QString("Command error (error code %1): %2").arg(code).arg(text) << none;
 
         // Warnings: the command was carried out. Code 8 elsewhere is listed like a
         // warning, and yet a failure with only the head as error text.

@@ -14,7 +14,7 @@ class TestApplication : public QObject
 private slots:
     void initTestCase() { DebugQt::instance(0x8ED0007, nullptr); }
 
-    void translationKeys()
+    void languages()
     {
         // A key is the last two parts of the name; other files are no translation.
         QTemporaryDir dir;
@@ -26,15 +26,12 @@ private slots:
         expected << "ru_RU"
                  << "b_C";
         Application::loadTranslations(dir.path());
-        const QStringList after = Application::availableLanguages();
-        QCOMPARE(QSet<QString>(after.begin(), after.end()), expected);
-    }
+        QStringList languages = Application::availableLanguages();
+        QCOMPARE(QSet<QString>(languages.begin(), languages.end()), expected);
 
-    void languages()
-    {
         Application::loadTranslations(":/lang");
-        const QStringList languages = Application::availableLanguages();
-        QVERIFY(languages.contains("ru_RU") && languages.contains("en_US"));
+        languages = Application::availableLanguages();
+        QVERIFY(languages.contains("en_US"));
         const QString busy = "*** device is busy", russian = "*** устройство занято";
         // An unknown language keeps the name of the last one and the source texts.
         const QList<QStringList> steps = {{"ru_RU", "ru_RU", russian},

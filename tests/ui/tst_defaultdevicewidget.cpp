@@ -68,12 +68,10 @@ private slots:
 
     void readConfiguration_data()
     {
-        QTest::addColumn<int>("address");
-        QTest::addColumn<QString>("variable"); // the dynamic variable given a code, or none
-        QTest::addColumn<int>("code");
-        QTest::addColumn<int>("emptyAnswer"); // a command answered without data, or -1
-        QTest::addColumn<QList<int>>("sent");
-        QTest::addColumn<int>("rows");
+        // variable: the dynamic variable given a code, or none
+        // emptyAnswer: a command answered without data, or -1
+        addColumns<int, QString, int, int, QList<int>, int>(
+            {"address", "variable", "code", "emptyAnswer", "sent", "rows"});
 
         const QList<int> all = {8, 3, 50, 9, 14, 15};
         QTest::newRow("HART 7") << 3 << "SV" << 1 << -1 << all << 4;
@@ -122,9 +120,8 @@ private slots:
 
     void write_data()
     {
-        QTest::addColumn<int>("row");           // the device variable chosen first, or -1
-        QTest::addColumn<QVariantMap>("edits"); // box to the code chosen in it
-        QTest::addColumn<QList<int>>("sent");
+        // row: the device variable chosen first, or -1; edits: box to the code chosen in it
+        addColumns<int, QVariantMap, QList<int>>({"row", "edits", "sent"});
 
         // New units of a variable rebuild the table and read the variable again.
         QTest::newRow("variable units") << 0 << QVariantMap{{"cmbDevVariableUnits", 237}} << QList<int>{53, 9, 54};
@@ -162,11 +159,8 @@ private slots:
 
     void currentAdjustment_data()
     {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<double>("measured");
-        QTest::addColumn<QVariantList>("answers");
-        QTest::addColumn<QStringList>("questions");
-        QTest::addColumn<QList<int>>("sent");
+        addColumns<QString, double, QVariantList, QStringList, QList<int>>(
+            {"button", "measured", "answers", "questions", "sent"});
 
         const QStringList lower = {
             "4mA adjustment|Have you set fixed loop current value at 4 mA ?",
@@ -221,11 +215,9 @@ private slots:
     // Last: the writes change the device's configuration.
     void writeList_data()
     {
-        QTest::addColumn<QStringList>("edited");
-        QTest::addColumn<QString>("disabled");
-        QTest::addColumn<int>("lost"); // a write the device does not answer, once
-        QTest::addColumn<QList<int>>("list");
-        QTest::addColumn<QStringList>("blueAfter");
+        // lost: a write the device does not answer, once
+        addColumns<QStringList, QString, int, QList<int>, QStringList>(
+            {"edited", "disabled", "lost", "list", "blueAfter"});
         QTest::newRow("range last, whatever the numbers") << QStringList{"range_max", "preambles_count", "damping_time"}
                                                           << QString() << -1 << QList<int>{34, 59, 35} << QStringList();
         QTest::newRow("two fields of one write")
@@ -251,20 +243,14 @@ private slots:
         fields->setItem(device);
         fields->showAll();
         const float rangeMin = device->getDeviceInfoFloat("range_min");
-        for (const QString& name : edited) {
-            if (auto* spin = qobject_cast<QDoubleSpinBox*>(fields->field(name)))
-                spin->setValue(spin->value() + 1);
-            else if (auto* count = qobject_cast<QSpinBox*>(fields->field(name)))
-                count->setValue(count->value() + 1);
-        }
+        for (const QString& name : edited)
+            qobject_cast<QAbstractSpinBox*>(fields->field(name))->stepUp();
         if (!disabled.isEmpty())
             fields->field(disabled)->setEnabled(false);
-        if (lost >= 0) {
-            hartsim::Fault fault;
-            fault.command = lost;
-            fault.count = 1;
-            line.sim.addFault(3, fault);
-        }
+        hartsim::Fault once = fault(hartsim::Fault::NoAnswer, lost);
+        once.count = 1;
+        if (lost >= 0)
+            line.sim.addFault(3, once);
         clearLog();
         {
             ModalAnswerer yes({QMessageBox::Yes, QMessageBox::Ok}); // the question, and a failure's box

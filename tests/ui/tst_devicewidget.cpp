@@ -37,9 +37,8 @@ QWidget* makeField(const QString& kind)
         spin->setValue(9);
         return spin;
     }
-    if (kind == QLatin1String("check"))
-        return new QCheckBox;
-    return kind == "spin"   ? static_cast<QWidget*>(new QSpinBox)
+    return kind == "check"  ? static_cast<QWidget*>(new QCheckBox)
+           : kind == "spin" ? static_cast<QWidget*>(new QSpinBox)
            : kind == "uni"  ? new UniBaseInput
            : kind == "edit" ? static_cast<QWidget*>(new QLineEdit("old"))
                             : new QLabel("old");

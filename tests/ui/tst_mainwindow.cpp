@@ -7,6 +7,7 @@
 #include "logwidget.h"
 #include "mainwindow.h"
 #include "modalanswerer.h"
+#include "modelline.h"
 #include "port.h"
 #include "server.h"
 #include "simulatedline.h"
@@ -48,10 +49,7 @@ private slots:
 
     void load_data()
     {
-        QTest::addColumn<Ports>("ports");
-        QTest::addColumn<QStringList>("flags");
-        QTest::addColumn<QString>("counters");
-        QTest::addColumn<unsigned int>("mask");
+        addColumns<Ports, QStringList, QString, unsigned int>({"ports", "flags", "counters", "mask"});
         QTest::newRow("no ports: nothing loads, silent")
             << Ports() << QStringList() << "ports: 0, devices: 0" << 0x8ed0000u;
         QTest::newRow("two ports, three devices, err and info")
@@ -80,8 +78,8 @@ private slots:
 
     void backupAtFirstChangeOnly_data()
     {
-        QTest::addColumn<QString>("change");
-        QTest::addColumn<bool>("backedUp"); // a layout change takes no backup of its own
+        // backedUp: a layout change takes no backup of its own
+        addColumns<QString, bool>({"change", "backedUp"});
         QTest::newRow("port added") << "add" << true;
         QTest::newRow("port removed") << "remove" << true;
         QTest::newRow("tree cleared") << "new" << true;
@@ -188,10 +186,7 @@ private slots:
 
     void closeAsks_data()
     {
-        QTest::addColumn<bool>("modified");
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<bool>("closes");
-        QTest::addColumn<QStringList>("asked");
+        addColumns<bool, int, bool, QStringList>({"modified", "answer", "closes", "asked"});
         const QStringList exit{"Calvane|Are you sure you want to exit the application ?"};
         const QStringList save{"Calvane|Configuration has been modified.\nDo you want to save your changes?"};
         QTest::newRow("unmodified, cancel") << false << int(QMessageBox::Cancel) << false << exit;
@@ -220,10 +215,8 @@ private slots:
 
     void actionsFollowSelection_data()
     {
-        QTest::addColumn<QString>("select");
-        QTest::addColumn<bool>("identified");
-        QTest::addColumn<int>("tagState");
-        QTest::addColumn<QList<bool>>("enabled"); // add, remove, save as template, test
+        // enabled: the actions add, remove, save as template and test
+        addColumns<QString, bool, int, QList<bool>>({"select", "identified", "tagState", "enabled"});
         const QString device = "P0/TCV-C_{D1}";
         QTest::newRow("root") << "" << false << 1 << QList<bool>{true, false, false, false};
         QTest::newRow("port") << "P0" << false << 1 << QList<bool>{true, true, false, false};
@@ -257,8 +250,9 @@ private slots:
 
     void selectionRestored_data()
     {
-        QTest::addColumn<QString>("current");  // as saved, or empty: saved by the window itself
-        QTest::addColumn<QString>("expected"); // empty: the root stays selected
+        // The current item as saved, or empty when the window saves it itself;
+        // the item selected after loading, empty when the root stays selected.
+        addColumns<QString, QString>({"current", "expected"});
         QTest::newRow("port under the root") << "Ports_&_Devices/P1" << QString("P1");
         QTest::newRow("device under its port") << "P0/TCV-C_{D1}" << QString("P0/TCV-C_{D1}");
         QTest::newRow("bare port name") << "P1" << QString("P1");
@@ -290,13 +284,9 @@ private slots:
 
     void deviceTreeRules_data()
     {
-        QTest::addColumn<bool>("identified");
-        QTest::addColumn<int>("tagState");
-        QTest::addColumn<QList<int>>("results"); // result codes of operations
-        QTest::addColumn<QString>("comment");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("bold");
-        QTest::addColumn<QColor>("colour");
+        // results: the result codes of operations on the device
+        addColumns<bool, int, QList<int>, QString, QString, bool, QColor>(
+            {"identified", "tagState", "results", "comment", "text", "bold", "colour"});
         const QColor black(Qt::black), red(Qt::red), green(Qt::darkGreen);
         const QString none;
         QTest::newRow("new") << false << 1 << QList<int>() << none << "%1 " << false << black;
@@ -337,8 +327,8 @@ private slots:
 
     void factoryNumberNeedsModelDevice_data()
     {
-        QTest::addColumn<QString>("select"); // port/device, or empty for the root
-        QTest::addColumn<QString>("seen");
+        // select: a port or port/device, empty for the root
+        addColumns<QString, QString>({"select", "seen"});
         const QString ours = "Calvane|Select an instrument of our maker to write its factory number.";
         QTest::newRow("root") << "" << ours;
         QTest::newRow("port") << "P0" << ours;
@@ -413,10 +403,8 @@ private slots:
     // keeps its last so many lines; Save As writes them in UTF-8.
     void logPanel_data()
     {
-        QTest::addColumn<QString>("search"); // the search buttons work with a text only
-        QTest::addColumn<int>("limit");
-        QTest::addColumn<QStringList>("messages");
-        QTest::addColumn<QString>("shown");
+        // The search buttons work with a text only.
+        addColumns<QString, int, QStringList, QString>({"search", "limit", "messages", "shown"});
         QStringList lines;
         for (int i = 1; i <= 101; ++i)
             lines << QString::number(i);

@@ -63,19 +63,6 @@ private slots:
         QCOMPARE(started.size(), 0);
     }
 
-    void failedReadingHasNoPoint()
-    {
-        MeasureWidget tab;
-        tab.showPeriodResponsePV(reading(0, 5.0f));
-        QVariantMap failed = reading(1, 0.0f);
-        failed.insert("errorText", "Response timeout (370ms)");
-        tab.showPeriodResponsePV(failed);
-        QCOMPARE(tab.readings()->rowCount(), 2);
-        QVERIFY(tab.readings()->data(tab.readings()->index(1, 3)).toString().contains("Response timeout"));
-        QCOMPARE(child<QLCDNumber>(tab, "lcdPV")->value(), 5.0); // the failure left the display
-        QCOMPARE(child<Plotter>(tab, "plotter")->curveData(0).size(), 1);
-    }
-
     void viewEdgeRefused_data()
     {
         QTest::addColumn<QString>("field");
@@ -142,18 +129,26 @@ private slots:
 
     void tableSavedAsArchive()
     {
+        // A failed reading has its row, with the error, but no point and no display.
         QTemporaryDir dir;
         MeasureWidget tab;
         tab.showPeriodResponsePV(reading(0, 5.0f));
-        tab.showPeriodResponsePV(reading(1, 6.125f));
+        QVariantMap failed = reading(1, 0.0f);
+        failed.insert("errorText", "Response timeout (370ms)");
+        tab.showPeriodResponsePV(failed);
+        QVERIFY(tab.readings()->data(tab.readings()->index(1, 3)).toString().contains("Response timeout"));
+        QCOMPARE(child<QLCDNumber>(tab, "lcdPV")->value(), 5.0);
+        QCOMPARE(child<Plotter>(tab, "plotter")->curveData(0).size(), 1);
+        tab.showPeriodResponsePV(reading(2, 6.125f));
         const QString name = dir.path() + "/table.csv";
         ModalAnswerer answerer({name});
         child<QPushButton>(tab, "btnSaveAsFile")->click();
         QFile file(name);
         QVERIFY(file.open(QIODevice::ReadOnly));
         const QStringList lines = QString::fromLocal8Bit(file.readAll()).split('\n');
-        QCOMPARE(lines.mid(1), (QStringList{"1;2026-01-01 00:00:00;5.00;12.00;00 00;",
-                                            "2;2026-01-01 00:00:01;6.13;12.00;00 00;", ""}));
+        QCOMPARE(lines.mid(1),
+                 (QStringList{"1;2026-01-01 00:00:00;5.00;12.00;00 00;", "2;2026-01-01 00:00:01;0.00;12.00;00 00;",
+                              "3;2026-01-01 00:00:02;6.13;12.00;00 00;", ""}));
         QVERIFY(lines.first().startsWith(" ;  ; 01.01.2026 00:00:00 ; @ ; -1 ;"));
     }
 

@@ -17,7 +17,6 @@ private slots:
     {
         QTest::addColumn<QPoint>("drag");
         QTest::addColumn<bool>("zooms");
-        QTest::newRow("2 pixels") << QPoint(2, 2) << false;
         QTest::newRow("2 pixels wide") << QPoint(2, 60) << false;
         QTest::newRow("2 pixels high") << QPoint(-60, -2) << false;
         QTest::newRow("3 pixels") << QPoint(3, 3) << true;

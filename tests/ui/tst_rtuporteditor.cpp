@@ -1,6 +1,7 @@
 #include "debugqt.h"
 #include "device.h"
 #include "modalanswerer.h"
+#include "modelline.h"
 #include "port.h"
 #include "rtuporteditor.h"
 #include "server.h"
@@ -49,8 +50,8 @@ private slots:
 
     void serialName_data()
     {
-        QTest::addColumn<bool>("typed"); // typed and confirmed, or chosen from the list
-        QTest::addColumn<bool>("ofTheLine");
+        // typed: typed and confirmed, or chosen from the list
+        addColumns<bool, bool>({"typed", "ofTheLine"});
         QTest::newRow("typed, another port's") << true << false;
         QTest::newRow("chosen, another port's") << false << false;
         QTest::newRow("typed, the line's") << true << true;
@@ -102,25 +103,20 @@ private slots:
     void lineBoxes()
     {
         // The port's 1200 8O1 is the one choice of each box, found by the item data.
-        QStringList texts;
-        QVariantList data;
+        QStringList boxes;
         for (const char* name : {"baudrateComboBox", "databitsComboBox", "parityComboBox", "stopbitsComboBox"}) {
             auto* box = child<QComboBox>(name);
-            QCOMPARE(box->count(), 1);
-            QCOMPARE(box->currentIndex(), 0);
-            texts << box->itemText(0);
-            data << box->itemData(0);
+            boxes << QString("%1 %2 %3 %4")
+                         .arg(box->count())
+                         .arg(box->currentIndex())
+                         .arg(box->itemText(0), box->itemData(0).toString());
         }
-        QCOMPARE(texts, QStringList({"1200", "8", "odd", "1"}));
-        QCOMPARE(data, QVariantList({1200, 8, "O", 1}));
+        QCOMPARE(boxes, QStringList({"1 0 1200 1200", "1 0 8 8", "1 0 odd O", "1 0 1 1"}));
     }
 
     void spinBoxes_data()
     {
-        QTest::addColumn<QString>("box");
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<int>("value");
-        QTest::addColumn<int>("defaultValue");
+        addColumns<QString, QString, int, int>({"box", "key", "value", "defaultValue"});
         QTest::newRow("request") << "spnRequestTimeout" << QString("request_timeout") << 123 << 200;
         QTest::newRow("response") << "spnResponseTimeout" << QString("response_timeout") << 123 << 370;
         QTest::newRow("byte") << "spnByteTimeout" << QString("byte_timeout") << 123 << 50;
@@ -163,8 +159,8 @@ private slots:
 
     void check_data()
     {
-        QTest::addColumn<bool>("onLine"); // the port open before
-        QTest::addColumn<QString>("status");
+        // onLine: the port open before
+        addColumns<bool, QString>({"onLine", "status"});
         QTest::newRow("missing device") << false
                                         << "<p style=\"color: red;\">Failure: not such device '/nonexistent/tty'.</p>";
         QTest::newRow("simulated line") << true << "<p style=\"color: green;\">Success.</p>";

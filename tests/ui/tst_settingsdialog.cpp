@@ -56,20 +56,28 @@ private slots:
         QCOMPARE(m_dialog->settings().font.family(), family);
     }
 
+    // Each row also shows a font of another weight and slant on the label.
     void accept_data()
     {
         QTest::addColumn<QList<bool>>("flagButtons"); // ERR, WARN, INFO
         QTest::addColumn<bool>("cssBefore");
         QTest::addColumn<bool>("cssAfter");
         QTest::addColumn<QStringList>("flags");
-        QTest::newRow("all flags, css unchanged")
-            << QList<bool>{true, true, true} << false << false << QStringList{"ERR", "WARN", "INFO"};
-        QTest::newRow("no flags, css unchanged on")
-            << QList<bool>{false, false, false} << true << true << QStringList{};
-        QTest::newRow("err and info, css turned on")
-            << QList<bool>{true, false, true} << false << true << QStringList{"ERR", "INFO"};
-        QTest::newRow("warn, css turned off")
-            << QList<bool>{false, true, false} << true << false << QStringList{"WARN"};
+        QTest::addColumn<int>("weight");
+        QTest::addColumn<bool>("italic");
+        QTest::addColumn<QString>("fontText");
+        QTest::newRow("all flags, css unchanged, bold italic")
+            << QList<bool>{true, true, true} << false << false << QStringList{"ERR", "WARN", "INFO"} << int(QFont::Bold)
+            << true << "DejaVu Serif 12pt bold italic";
+        QTest::newRow("no flags, css unchanged on, normal")
+            << QList<bool>{false, false, false} << true << true << QStringList{} << int(QFont::Normal) << false
+            << "DejaVu Serif 12pt  ";
+        QTest::newRow("err and info, css turned on, medium italic")
+            << QList<bool>{true, false, true} << false << true << QStringList{"ERR", "INFO"} << int(QFont::Medium)
+            << true << "DejaVu Serif 12pt bold italic";
+        QTest::newRow("warn, css turned off, light")
+            << QList<bool>{false, true, false} << true << false << QStringList{"WARN"} << int(QFont::Light) << false
+            << "DejaVu Serif 12pt  ";
     }
 
     void accept()
@@ -77,12 +85,16 @@ private slots:
         QFETCH(QList<bool>, flagButtons);
         QFETCH(bool, cssBefore);
         QFETCH(bool, cssAfter);
+        QFETCH(int, weight);
+        QFETCH(bool, italic);
         AppSettings settings = m_settings;
         settings.bApplyCss = cssBefore;
+        settings.font = QFont(QStringLiteral("DejaVu Serif"), 12, weight, italic);
         // Stored in another order: the result has the buttons' order.
         settings.log_flags = QStringList{"INFO", "WARN", "ERR"};
         settings.bInsertComments = false;
         m_dialog->setSettings(settings);
+        QTEST(child<QLabel>("lbFont")->text(), "fontText");
         // The style sheets set the font: the font button is off with them.
         auto* font = child<QPushButton>("btnFont");
         QCOMPARE(font->isEnabled(), !cssBefore);
@@ -102,27 +114,6 @@ private slots:
                  cssBefore != cssAfter
                      ? QStringList{"Settings changes|Changes w'll take effect after the program is restarted."}
                      : QStringList());
-    }
-
-    void fontProperties_data()
-    {
-        QTest::addColumn<int>("weight");
-        QTest::addColumn<bool>("italic");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("bold italic") << int(QFont::Bold) << true << "DejaVu Serif 12pt bold italic";
-        QTest::newRow("normal") << int(QFont::Normal) << false << "DejaVu Serif 12pt  ";
-        QTest::newRow("medium italic") << int(QFont::Medium) << true << "DejaVu Serif 12pt bold italic";
-        QTest::newRow("light") << int(QFont::Light) << false << "DejaVu Serif 12pt  ";
-    }
-
-    void fontProperties()
-    {
-        QFETCH(int, weight);
-        QFETCH(bool, italic);
-        AppSettings settings = m_settings;
-        settings.font = QFont(QStringLiteral("DejaVu Serif"), 12, weight, italic);
-        m_dialog->setSettings(settings);
-        QTEST(child<QLabel>("lbFont")->text(), "text");
     }
 
 private:

@@ -36,9 +36,7 @@ private slots:
 
     void samples_data()
     {
-        QTest::addColumn<QString>("templateName");
-        QTest::addColumn<int>("address");
-        QTest::addColumn<QString>("file");
+        addColumns<QString, int, QString>({"templateName", "address", "file"});
         QTest::newRow("TCV-C") << "TCV-C" << 0 << ":/tests/tcv-c.tpl";
         QTest::newRow("DX-C") << "DX-C" << 4 << ":/tests/dx-c.tpl";
         QTest::newRow("QP-1C") << "QP-1C" << 1 << ":/tests/qp-1c.tpl";
@@ -76,10 +74,8 @@ private slots:
 
     void errorsCounted_data()
     {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<int>("command");
-        QTest::addColumn<int>("validation");     // validation errors
-        QTest::addColumn<QString>("otherError"); // a part of the one error beside them
+        // validation: how many validation errors; otherError: a part of the one error beside them
+        addColumns<int, int, int, QString>({"kind", "command", "validation", "otherError"});
         // An answer without data where the polling address belongs: the read
         // goes well, the value does not come back.
         QTest::newRow("validation") << int(Fault::ResponseCode) << 7 << 1 << QString();
@@ -96,12 +92,9 @@ private slots:
         Device* d = open("General", 3, userTest("errors", R"([{"number": 6, "cycles": 2, "read_cmd": 7,
             "parameters": {"polling_address": [15, 3], "current_loop_mode": [0, 1]}}, {"number": 13, "close_port": true}])"));
         QVERIFY(d);
-        Fault fault;
-        fault.kind = Fault::Kind(kind);
-        fault.command = command;
-        fault.code = 14; // a warning: the answer counts as good
-        fault.count = 1;
-        m_line.sim().addFault(-1, fault); // the device's address changes on the way
+        Fault once = fault(Fault::Kind(kind), command, 14); // 14, a warning: the answer counts as good
+        once.count = 1;
+        m_line.sim().addFault(-1, once); // the device's address changes on the way
         m_dialog->on_btnStart_clicked();
 
         const QMap<QString, int> counts = m_dialog->errorCounts();
