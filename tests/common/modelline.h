@@ -5,6 +5,7 @@
 // at 2, a generic HART 7 device at 3) with one port of the program on it,
 // for the tests of the model classes; and the checks they share.
 
+#include "columns.h"
 #include "device.h"
 #include "port.h"
 #include "scratchdir.h"
@@ -68,14 +69,6 @@ inline QString mismatches(const QVariantMap& actual, const QVariantMap& expected
         const QString wrong_ = (text);                                                                                 \
         QVERIFY2(wrong_.isEmpty(), qPrintable(wrong_));                                                                \
     } while (false)
-
-// The columns of a data table, named in order: addColumns<int, QString>({"command", "label"}).
-template <typename... T>
-void addColumns(const std::array<const char*, sizeof...(T)>& names)
-{
-    std::size_t i = 0;
-    (QTest::addColumn<T>(names[i++]), ...);
-}
 
 // A map written as "key=value; ...": 12 an int, 12u unsigned, 1.5f a float,
 // 1.5 a double, true or false a flag, 'text' a text, #0a1b bytes, nothing

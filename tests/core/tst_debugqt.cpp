@@ -1,4 +1,5 @@
 #include "bt.h"
+#include "columns.h"
 #include "debugqt.h"
 
 #include <QRegularExpression>
@@ -65,9 +66,7 @@ private slots:
 
     void layout_data()
     {
-        QTest::addColumn<uint>("mask");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("pattern");
+        addColumns<uint, QString, QString>({"mask", "text", "pattern"});
 
         const QString info = wire.arg(4);
         QTest::newRow("entry mask") << 0x8ED0007u << info
@@ -114,10 +113,7 @@ private slots:
 
     void printing_data()
     {
-        QTest::addColumn<uint>("mask");
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QByteArray>("printed");
+        addColumns<uint, int, QString, QByteArray>({"mask", "type", "text", "printed"});
 
         const QString info = wire.arg(4);
         const uint mesg = 0x4u | DebugQt::ShowMessage;

@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "debugqt.h"
 #include "filethread.h"
 #include "readingsmodel.h"
@@ -269,9 +270,7 @@ private slots:
 
     void refusedParameters_data()
     {
-        QTest::addColumn<QVariantMap>("changes");
-        QTest::addColumn<QString>("error");
-        QTest::addColumn<bool>("signalled");
+        addColumns<QVariantMap, QString, bool>({"changes", "error", "signalled"});
 
         QTest::newRow("no name") << QVariantMap{{"name", ""}} << "Name is empty." << false;
         QTest::newRow("no date") << QVariantMap{{"date", QDateTime()}} << "Date is invalid." << false;

@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "plotsettings.h"
 
 #include <QDateTime>
@@ -13,12 +14,7 @@ class TestPlotSettings : public QObject
 private slots:
     void adjustYAxis_data()
     {
-        QTest::addColumn<double>("min");
-        QTest::addColumn<double>("max");
-        QTest::addColumn<int>("target");
-        QTest::addColumn<double>("newMin");
-        QTest::addColumn<double>("newMax");
-        QTest::addColumn<int>("ticks");
+        addColumns<double, double, int, double, double, int>({"min", "max", "target", "newMin", "newMax", "ticks"});
 
         QTest::newRow("0 to 10: step 2") << 0.0 << 10.0 << 5 << 0.0 << 10.0 << 5;
         QTest::newRow("gross step under 2: step 1") << 0.3 << 9.7 << 5 << 0.0 << 10.0 << 10;
@@ -70,10 +66,7 @@ private slots:
         const double nan = std::nan("");
         const double inf = INFINITY;
         const double t = 1.7e9;
-        QTest::addColumn<double>("minX");
-        QTest::addColumn<double>("maxX");
-        QTest::addColumn<double>("minY");
-        QTest::addColumn<double>("maxY");
+        addColumns<double, double, double, double>({"minX", "maxX", "minY", "maxY"});
 
         QTest::newRow("one moment, one value") << t << t << 20.0 << 20.0;
         QTest::newRow("value 0") << t << t << 0.0 << 0.0;

@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "port.h"
 #include "server.h"
 
@@ -207,9 +208,7 @@ private slots:
 
     void serverLoad_data()
     {
-        QTest::addColumn<QVariantMap>("map");
-        QTest::addColumn<bool>("loaded");
-        QTest::addColumn<QStringList>("ports");
+        addColumns<QVariantMap, bool, QStringList>({"map", "loaded", "ports"});
 
         const QVariantMap one{{"name", "P1"}};
         QTest::newRow("no ports key") << QVariantMap{{"x", 1}} << false << QStringList({"Old"});

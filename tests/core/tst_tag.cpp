@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "debugqt.h"
 #include "device.h"
 #include "tag.h"
@@ -196,10 +197,7 @@ private slots:
 
     void refused_data()
     {
-        QTest::addColumn<int>("access");
-        QTest::addColumn<int>("deviceType");
-        QTest::addColumn<bool>("write");
-        QTest::addColumn<QString>("error");
+        addColumns<int, int, bool, QString>({"access", "deviceType", "write", "error"});
 
         const QString accessError = "Config error(invalid access type)";
         QTest::newRow("read of a write-only tag") << int(Tag::WriteOnly) << 1 << false << accessError;
@@ -253,10 +251,7 @@ private slots:
 
     void valueFromValues_data()
     {
-        QTest::addColumn<QVariantMap>("values");
-        QTest::addColumn<QString>("prefix");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QString>("text");
+        addColumns<QVariantMap, QString, QVariant, QString>({"values", "prefix", "value", "text"});
 
         QTest::newRow("no values") << QVariantMap() << "" << QVariant(5) << "5";
         QTest::newRow("prefix and a zero") << QVariantMap{{"st05", "zero five"}} << "st" << QVariant(5) << "zero five";
@@ -281,10 +276,7 @@ private slots:
 
     void valueChecks_data()
     {
-        QTest::addColumn<QVariantList>("limits");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<bool>("limitsOut");
-        QTest::addColumn<bool>("nan");
+        addColumns<QVariantList, QVariant, bool, bool>({"limits", "value", "limitsOut", "nan"});
 
         const QVariantList range{0, 10};
         QTest::newRow("at the low limit") << range << QVariant(0) << false << false;

@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "debugqt.h"
 #include "hartcommand.h"
 
@@ -137,16 +138,8 @@ private slots:
 
     void parseGood_data()
     {
-        QTest::addColumn<QByteArray>("buffer");
-        QTest::addColumn<bool>("findStart");
-        QTest::addColumn<int>("delimiter");
-        QTest::addColumn<int>("command");
-        QTest::addColumn<QByteArray>("address");
-        QTest::addColumn<QByteArray>("status");
-        QTest::addColumn<QByteArray>("data");
-        QTest::addColumn<int>("preambles");
-        QTest::addColumn<bool>("trash");
-        QTest::addColumn<QStringList>("logs");
+        addColumns<QByteArray, bool, int, int, QByteArray, QByteArray, QByteArray, int, bool, QStringList>(
+            {"buffer", "findStart", "delimiter", "command", "address", "status", "data", "preambles", "trash", "logs"});
 
         const QByteArray s = hx(shortResp);
         const QByteArray l = hx(longResp);
@@ -194,10 +187,7 @@ private slots:
 
     void parseBad_data()
     {
-        QTest::addColumn<QByteArray>("buffer");
-        QTest::addColumn<QString>("error");
-        QTest::addColumn<bool>("trash");
-        QTest::addColumn<QStringList>("logs");
+        addColumns<QByteArray, QString, bool, QStringList>({"buffer", "error", "trash", "logs"});
 
         const QByteArray s = hx(shortResp);
         const QString notFound = "*** Start of message not found!";
@@ -248,12 +238,8 @@ private slots:
 
     void checkAnswer_data()
     {
-        QTest::addColumn<QByteArray>("address");
-        QTest::addColumn<int>("command");
-        QTest::addColumn<bool>("primary");
-        QTest::addColumn<QByteArray>("response");
-        QTest::addColumn<QString>("error");
-        QTest::addColumn<QStringList>("logs");
+        addColumns<QByteArray, int, bool, QByteArray, QString, QStringList>(
+            {"address", "command", "primary", "response", "error", "logs"});
 
         const QByteArray sAddr = hx("03"), lAddr = hx("26 0A 12 34 56");
         const QByteArray s = pre(5) + hx(shortResp), l = pre(5) + hx(longResp);
@@ -299,11 +285,7 @@ private slots:
 
     void checkStatus_data()
     {
-        QTest::addColumn<int>("command");
-        QTest::addColumn<QByteArray>("status");
-        QTest::addColumn<bool>("ok");
-        QTest::addColumn<QString>("error");
-        QTest::addColumn<QStringList>("texts");
+        addColumns<int, QByteArray, bool, QString, QStringList>({"command", "status", "ok", "error", "texts"});
 
         const QStringList none;
         const QString comm = "Communication error: ";

@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "debugqt.h"
 #include "hartcommand.h"
 #include "hartport.h"
@@ -54,9 +55,7 @@ private slots:
 
     void preambleLists_data()
     {
-        QTest::addColumn<bool>("byteForm");
-        QTest::addColumn<int>("command");
-        QTest::addColumn<int>("preambles");
+        addColumns<bool, int, int>({"byteForm", "command", "preambles"});
 
         // The two forms deliberately test different lists of commands.
         QTest::newRow("byte form, command 0: start preambles") << true << 0 << 10;
@@ -86,10 +85,7 @@ private slots:
 
     void preambleLearning_data()
     {
-        QTest::addColumn<QVariantMap>("settings");
-        QTest::addColumn<Fault>("spoiler");
-        QTest::addColumn<int>("command");
-        QTest::addColumn<int>("learned");
+        addColumns<QVariantMap, Fault, int, int>({"settings", "spoiler", "command", "learned"});
 
         const Fault none = fault(Fault::Delay);
         const Fault three = fault(Fault::Preambles, 3);
@@ -135,11 +131,7 @@ private slots:
 
     void resultCodes_data()
     {
-        QTest::addColumn<Fault>("spoiler");
-        QTest::addColumn<bool>("ok");
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QString>("error");
-        QTest::addColumn<QStringList>("status");
+        addColumns<Fault, bool, int, QString, QStringList>({"spoiler", "ok", "code", "error", "status"});
 
         QTest::newRow("good") << fault(Fault::Delay) << true << 0 << QString() << QStringList();
         QTest::newRow("warning still succeeds")
@@ -184,9 +176,7 @@ private slots:
 
     void commandZeroLayouts_data()
     {
-        QTest::addColumn<QByteArray>("response");
-        QTest::addColumn<bool>("ok");
-        QTest::addColumn<QVariantMap>("expected");
+        addColumns<QByteArray, bool, QVariantMap>({"response", "ok", "expected"});
 
         const QByteArray twelve = hx("FE E0 94 06 05 03 02 21 01 AB CD EF");
         QTest::newRow("12 bytes") << twelve << true

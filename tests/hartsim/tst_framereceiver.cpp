@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "framereceiver.h"
 #include "simframe.h"
 
@@ -62,10 +63,7 @@ private slots:
 
     void addressing_data()
     {
-        QTest::addColumn<QByteArray>("address");
-        QTest::addColumn<bool>("primary");
-        QTest::addColumn<int>("pollingAddress");
-        QTest::addColumn<bool>("broadcast");
+        addColumns<QByteArray, bool, int, bool>({"address", "primary", "pollingAddress", "broadcast"});
 
         QTest::newRow("short primary 3") << hx("83") << true << 3 << false;
         QTest::newRow("short secondary 63") << hx("3F") << false << 63 << false;

@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "simdevice.h"
 
 #include <QtTest>
@@ -107,14 +108,8 @@ private slots:
     // readCommand then answers readBack.
     void commands_data()
     {
-        QTest::addColumn<QString>("model");
-        QTest::addColumn<QVariantMap>("settings");
-        QTest::addColumn<int>("command");
-        QTest::addColumn<QByteArray>("request");
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QByteArray>("reply");
-        QTest::addColumn<int>("readCommand");
-        QTest::addColumn<QByteArray>("readBack");
+        addColumns<QString, QVariantMap, int, QByteArray, int, QByteArray, int, QByteArray>(
+            {"model", "settings", "command", "request", "code", "reply", "readCommand", "readBack"});
 
         const char* model = "generic";
         const auto row = [&model](const char* name, const QVariantMap& settings, int command, const QByteArray& request,

@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "simframe.h"
 #include "simline.h"
 
@@ -133,9 +134,7 @@ private slots:
 
     void routing_data()
     {
-        QTest::addColumn<QByteArray>("address");
-        QTest::addColumn<int>("command");
-        QTest::addColumn<QByteArray>("data");
+        addColumns<QByteArray, int, QByteArray>({"address", "command", "data"});
         QTest::addColumn<int>("device"); // the device that answers (its button pressed for 73), or -1
 
         const QByteArray broadcast = hx("80 00 00 00 00");
@@ -198,9 +197,7 @@ private slots:
     {
         QTest::addColumn<int>("kind");
         QTest::addColumn<int>("value"); // the pause, delay, code, preambles or length the kind takes
-        QTest::addColumn<bool>("longFrame");
-        QTest::addColumn<bool>("keepData");
-        QTest::addColumn<QByteArray>("expected");
+        addColumns<bool, bool, QByteArray>({"longFrame", "keepData", "expected"});
 
         // Device 1 answers command 1 with kPa and 42, telling its cold start;
         // the checksums are summed by hand.

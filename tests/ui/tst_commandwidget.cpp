@@ -23,9 +23,7 @@ private slots:
 
     void parseMask_data()
     {
-        QTest::addColumn<QString>("mask");
-        QTest::addColumn<QByteArray>("answer");
-        QTest::addColumn<QString>("result");
+        addColumns<QString, QByteArray, QString>({"mask", "answer", "result"});
         QTest::addColumn<int>("error"); // none, bad type, bad length, text without length, past the end
         QTest::newRow("b i2 f") << "b i2 f" << hx("05123440490fdb") << "5 | 4660 | 3.141593 | " << 0;
         QTest::newRow("5t6") << "5t6" << hx("000000000004 20c41461c8") << "ABCDEFGH | " << 0;
@@ -90,9 +88,7 @@ private slots:
 
     void sendCommand1_data()
     {
-        QTest::addColumn<bool>("forced");
-        QTest::addColumn<QByteArray>("buffer");
-        QTest::addColumn<QByteArray>("sent");
+        addColumns<bool, QByteArray, QByteArray>({"forced", "buffer", "sent"});
         QTest::newRow("known command: read, buffer left") << false << hx("aa") << QByteArray();
         QTest::newRow("forced with data: custom write") << true << hx("aa") << hx("aa");
         QTest::newRow("forced, empty buffer: custom read") << true << QByteArray() << QByteArray();

@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "deviceadddialog.h"
 
 #include <QDialogButtonBox>
@@ -47,9 +48,7 @@ private slots:
 
     void selectionBySortedRows_data()
     {
-        QTest::addColumn<int>("column");
-        QTest::addColumn<QStringList>("ticked");
-        QTest::addColumn<Selection>("selection");
+        addColumns<int, QStringList, Selection>({"column", "ticked", "selection"});
         QTest::newRow("by description, descending") << 3 << QStringList{"QP-1C"} << Selection{{"QP-1C", "QP-1C"}};
         QTest::newRow("by name, several")
             << 0 << QStringList{"pH-7702", "TCV-C", "General"}

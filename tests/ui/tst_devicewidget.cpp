@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "device.h"
 #include "devicewidget.h"
 #include "modalanswerer.h"
@@ -67,9 +68,7 @@ class TestDeviceWidget : public QObject
 private slots:
     void showsByFieldClass_data()
     {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QString>("shown");
+        addColumns<QString, QVariant, QString>({"kind", "value", "shown"});
 
         QTest::newRow("combo row") << "combo" << QVariant(2) << "2";
         QTest::newRow("combo no such row") << "combo" << QVariant(9) << "-1";
@@ -207,9 +206,7 @@ private slots:
         QTest::addColumn<int>("steps");
         QTest::addColumn<int>("taken");
         QTest::addColumn<int>("final"); // the argument of the final message
-        QTest::addColumn<QString>("error");
-        QTest::addColumn<bool>("green");
-        QTest::addColumn<QStringList>("boxes");
+        addColumns<QString, bool, QStringList>({"error", "green", "boxes"});
         QTest::newRow("all steps") << 2 << 2 << 0 << "old error" << true << QStringList();
         QTest::newRow("steps given") << 3 << 0 << 3 << "" << true << QStringList();
         QTest::newRow("no step announced") << 0 << 0 << 0 << "" << true << QStringList();

@@ -23,9 +23,7 @@ private slots:
 
     void write_data()
     {
-        QTest::addColumn<QString>("model");
-        QTest::addColumn<int>("address");
-        QTest::addColumn<quint32>("code");
+        addColumns<QString, int, quint32>({"model", "address", "code"});
         QTest::addColumn<QString>("outcome"); // written, refused (nothing more sent), or not written
         QTest::newRow("TCV-C, right code") << "TCV-C" << 0 << 12345u << "written";
         QTest::newRow("QP-1C, right code") << "QP-1C" << 1 << 12345u << "written";

@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "commonwidget.h"
 #include "editorfixture.h"
 #include "measurewidget.h"
@@ -18,9 +19,7 @@ private slots:
     void bufferWatch_data()
     {
         QTest::addColumn<QList<float>>("emfs"); // slot 1 of each response, in order; none for a failed one
-        QTest::addColumn<float>("buffer");
-        QTest::addColumn<QColor>("colour");
-        QTest::addColumn<QString>("status");
+        addColumns<float, QColor, QString>({"buffer", "colour", "status"});
         const QColor moving(Qt::magenta), still(Qt::darkGreen), none(Qt::black);
         QTest::newRow("first response") << QList<float>{15.98f} << 6.86f << moving << "";
         QTest::newRow("0.1 up") << QList<float>{15.98f, 16.08f} << 6.86f << still << "";
@@ -123,11 +122,7 @@ private slots:
 
     void adjustments_data()
     {
-        QTest::addColumn<QString>("start");
-        QTest::addColumn<int>("page");
-        QTest::addColumn<QString>("spin");
-        QTest::addColumn<double>("value");
-        QTest::addColumn<QString>("button");
+        addColumns<QString, int, QString, double, QString>({"start", "page", "spin", "value", "button"});
         QTest::addColumn<QList<int>>("written"); // the write, then the read back
         QTest::addColumn<QString>("key");        // where the simulator keeps it
         const QString u = "btnStartURRAdjust";   // U, Rc and Rt

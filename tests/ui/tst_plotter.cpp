@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "plotter.h"
 
 #include <QRandomGenerator>
@@ -61,10 +62,7 @@ private slots:
 
     void maxPoints_data()
     {
-        QTest::addColumn<int>("maxPoints");
-        QTest::addColumn<int>("before");
-        QTest::addColumn<int>("after");
-        QTest::addColumn<double>("oldest");
+        addColumns<int, int, int, double>({"maxPoints", "before", "after", "oldest"});
         QTest::newRow("300 061st point drops the oldest") << 300000 << 300060 << 300060 << 1.0;
         QTest::newRow("300 060th point keeps all") << 300000 << 300059 << 300060 << 0.0;
         QTest::newRow("no limit") << 0 << 1000 << 1001 << 0.0;

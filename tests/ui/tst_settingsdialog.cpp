@@ -1,4 +1,5 @@
 #include "appsettings.h"
+#include "columns.h"
 #include "modalanswerer.h"
 #include "scratchdir.h"
 #include "settingsdialog.h"
@@ -27,9 +28,7 @@ private slots:
 
     void fontDialog_data()
     {
-        QTest::addColumn<bool>("pick");
-        QTest::addColumn<bool>("acceptIt");
-        QTest::addColumn<QString>("family");
+        addColumns<bool, bool, QString>({"pick", "acceptIt", "family"});
         QTest::newRow("picked, accepted") << true << true << "DejaVu Serif";
         QTest::newRow("picked, rejected") << true << false << "DejaVu Sans";
         QTest::newRow("nothing picked, accepted") << false << true << "DejaVu Sans";
@@ -60,12 +59,8 @@ private slots:
     void accept_data()
     {
         QTest::addColumn<QList<bool>>("flagButtons"); // ERR, WARN, INFO
-        QTest::addColumn<bool>("cssBefore");
-        QTest::addColumn<bool>("cssAfter");
-        QTest::addColumn<QStringList>("flags");
-        QTest::addColumn<int>("weight");
-        QTest::addColumn<bool>("italic");
-        QTest::addColumn<QString>("fontText");
+        addColumns<bool, bool, QStringList, int, bool, QString>(
+            {"cssBefore", "cssAfter", "flags", "weight", "italic", "fontText"});
         QTest::newRow("all flags, css unchanged, bold italic")
             << QList<bool>{true, true, true} << false << false << QStringList{"ERR", "WARN", "INFO"} << int(QFont::Bold)
             << true << "DejaVu Serif 12pt bold italic";

@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "editorfixture.h"
 #include "tcv2widget.h"
 
@@ -86,9 +87,7 @@ private slots:
 
     void adjustments_data()
     {
-        QTest::addColumn<QString>("start");
-        QTest::addColumn<int>("input");
-        QTest::addColumn<int>("page");
+        addColumns<QString, int, int>({"start", "input", "page"});
         QTest::addColumn<QString>("fetch"); // the button that sets or reads the value first
         QTest::addColumn<QString>("adjust");
         QTest::addColumn<int>("command");

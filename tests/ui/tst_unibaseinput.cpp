@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "unibaseinput.h"
 
 #include <QLocale>
@@ -55,9 +56,7 @@ private slots:
 
     void shownByBase_data()
     {
-        QTest::addColumn<int>("base");
-        QTest::addColumn<int>("value");
-        QTest::addColumn<QString>("shown");
+        addColumns<int, int, QString>({"base", "value", "shown"});
 
         QTest::newRow("2") << 2 << 5 << "101b";
         QTest::newRow("8") << 8 << 8 << "10o";
