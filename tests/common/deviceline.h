@@ -17,12 +17,12 @@ class DeviceLine
 public:
     ~DeviceLine() { stop(); }
 
-    // Starts the line and a port "P1" on it; false, with a warning, when
-    // the simulator does not start.
-    bool start(const QList<SimulatedLine::Device>& devices)
+    // Starts the line, the demo line when no devices are given, and a port
+    // "P1" on it; false, with a warning, when the simulator does not start.
+    bool start(const QList<SimulatedLine::Device>& devices = {})
     {
         QString error;
-        if (!sim.start(devices, &error)) {
+        if (!(devices.isEmpty() ? sim.startDemo(&error) : sim.start(devices, &error))) {
             qWarning() << "simulator:" << error;
             return false;
         }

@@ -6,14 +6,10 @@
 // for the tests of the model classes; and the checks they share.
 
 #include "columns.h"
-#include "device.h"
-#include "port.h"
+#include "deviceline.h"
 #include "scratchdir.h"
-#include "server.h"
-#include "simulatedline.h"
 
 #include <QByteArray>
-#include <QScopedPointer>
 #include <QSignalSpy>
 #include <QVariant>
 #include <QtTest>
@@ -133,36 +129,25 @@ inline void writeRow(int address, int command, const char* label, const char* in
         << QString(warning);
 }
 
-class ModelLine
+// The demo line in a temporary working directory.
+class ModelLine : public DeviceLine
 {
 public:
-    // Starts the demo line in a temporary working directory and puts a port
-    // of the program on it, with a short byte timeout.
-    bool start(QString* error)
+    bool start() { return m_dir.enter() && DeviceLine::start(); }
+
+    void stop()
     {
-        if (!m_dir.enter()) {
-            *error = QStringLiteral("no temporary directory");
-            return false;
-        }
-        if (!m_sim.startDemo(error))
-            return false;
-        m_server.reset(new Server);
-        m_port = m_server->addPort(QStringLiteral("P1"));
-        m_port->hart().setByteTimeout(20);
-        if (!m_port->setSerialName(m_sim.path())) {
-            *error = QStringLiteral("the port does not take %1").arg(m_sim.path());
-            return false;
-        }
-        return true;
+        DeviceLine::stop();
+        m_dir.leave();
     }
 
     // A device of the template at the polling address, identified by
     // command 0: the line's first request.
     Device* identify(const QString& templateName, int pollingAddress)
     {
-        Device* device = m_port->addDevice(QString(), templateName, -1);
+        Device* device = port->addDevice(QString(), templateName, -1);
         device->setAddress(pollingAddress);
-        if (!device->readDevice(0) || !m_sim.line().waitForRequests(1, 3000))
+        if (!device->readDevice(0) || !sim.line().waitForRequests(1, 3000))
             return nullptr;
         return device;
     }
@@ -171,21 +156,12 @@ public:
     Device* identifyAndClearLog(const QString& templateName, int pollingAddress)
     {
         Device* device = identify(templateName, pollingAddress);
-        m_sim.line().clearLog();
+        sim.line().clearLog();
         return device;
     }
 
     // The demo line's device at the polling address, of its own template.
     Device* identify(int pollingAddress) { return identify(QLatin1String(DemoModels[pollingAddress]), pollingAddress); }
-
-    void stop()
-    {
-        // The port goes before the line it talks on.
-        m_server.reset();
-        m_port = nullptr;
-        m_sim.stop();
-        m_dir.leave();
-    }
 
     void checkRead()
     {
@@ -206,13 +182,13 @@ public:
                                                                                 : QVariant(0));
         }
         if (noData)
-            m_sim.addFault(address, emptyAnswer(command));
+            sim.addFault(address, emptyAnswer(command));
         else
-            m_sim.setParams(address, values);
+            sim.setParams(address, values);
 
         QVERIFY(device->readDevice(command));
         VERIFY_NO_MISMATCH(mismatches(device->deviceInfo(), expected));
-        const hartsim::RequestRecord record = m_sim.record(2);
+        const hartsim::RequestRecord record = sim.record(2);
         QCOMPARE(int(record.command), command);
         QCOMPARE(record.data, QByteArray());
         QVERIFY(device->messageLog().contains(QStringLiteral("reading %1 (cmd=%2)...\n").arg(label).arg(command)));
@@ -230,7 +206,7 @@ public:
 
         Device* device = identify(address);
         QVERIFY(device);
-        m_sim.setParams(address, simSetup);
+        sim.setParams(address, simSetup);
         setInfo(device, info);
         if (access)
             QVERIFY(device->sendAdjustCode(12345));
@@ -239,23 +215,18 @@ public:
 
         QVERIFY(device->writeDevice(command));
         QCOMPARE(errors.size(), 0);
-        const hartsim::RequestRecord record = m_sim.record(access ? 3 : 2);
+        const hartsim::RequestRecord record = sim.record(access ? 3 : 2);
         QCOMPARE(int(record.command), command);
         QTEST(record.data, "request");
         // The device keeps the values under the keys the program has them.
-        VERIFY_NO_MISMATCH(mismatches(m_sim.params(address, info.keys()), info, true));
+        VERIFY_NO_MISMATCH(mismatches(sim.params(address, info.keys()), info, true));
         QCOMPARE(device->getDeviceInfoByte("modify_count"), modifyCount + 1);
         QVERIFY(device->messageLog().contains(QStringLiteral("writing %1 (cmd=%2)...\n").arg(label).arg(command)));
         QCOMPARE(device->statusTexts().contains(warning), !warning.isEmpty());
     }
 
-    SimulatedLine& sim() { return m_sim; }
-
 private:
     ScratchDir m_dir;
-    SimulatedLine m_sim;
-    QScopedPointer<Server> m_server;
-    Port* m_port = nullptr;
 };
 
 #endif // TESTS_MODELLINE_H

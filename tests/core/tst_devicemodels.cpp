@@ -21,11 +21,7 @@ class TestDeviceModels : public QObject
 
 private slots:
     void initTestCase() { DebugQt::instance(0x8ED0001, nullptr); }
-    void init()
-    {
-        QString error;
-        QVERIFY2(m_line.start(&error), qPrintable(error));
-    }
+    void init() { QVERIFY(m_line.start()); }
     void cleanup() { m_line.stop(); }
 
     void classes()
@@ -165,7 +161,7 @@ private slots:
 
         Device* device = m_line.identify(address);
         QVERIFY(device);
-        SimulatedLine& sim = m_line.sim();
+        SimulatedLine& sim = m_line.sim;
         const QVariantMap before = sim.params(address, info.keys());
         device->setDeviceInfo("manufacturer_settings", 1);
         QVERIFY(!device->writeDevice(192));
@@ -216,16 +212,16 @@ private slots:
 
         Device* device = m_line.identify(0);
         QVERIFY(device);
-        m_line.sim().setParam(0, "process_temperature_amplitude", 0.0);
-        m_line.sim().setParams(0, simSetup);
+        m_line.sim.setParam(0, "process_temperature_amplitude", 0.0);
+        m_line.sim.setParams(0, simSetup);
         const QStringList keys = {"adjust_resistance", "adjust_voltage", "adjust_temperature"};
         for (const QString& k : keys)
             device->setDeviceInfo(k, -1.0f);
         device->setDeviceInfo("adjust_parameter_code", code);
 
         QVERIFY(device->writeDevice(174));
-        QCOMPARE(m_line.sim().record(2).data, QByteArray(1, char(code)));
-        QCOMPARE(m_line.sim().param(0, "adjust_parameter_code").toInt(), code);
+        QCOMPARE(m_line.sim.record(2).data, QByteArray(1, char(code)));
+        QCOMPARE(m_line.sim.param(0, "adjust_parameter_code").toInt(), code);
         for (const QString& k : keys)
             QCOMPARE(device->deviceInfo().value(k), QVariant(k == key ? reading : -1.0f));
         QCOMPARE(device->getDeviceInfoByte("modify_count"), 0);
@@ -236,23 +232,23 @@ private slots:
         Device* device = m_line.identify(0);
         QVERIFY(device);
         // Command 131 has no row either way; answered well and without data.
-        m_line.sim().addFault(0, emptyAnswer(131));
+        m_line.sim.addFault(0, emptyAnswer(131));
         const QVariantMap before = device->deviceInfo();
         QVERIFY(!device->readDevice(131));
         QCOMPARE(device->state(), 2);
         QCOMPARE(device->deviceInfo(), before);
         QVERIFY(device->writeDevice(131));
-        const hartsim::RequestRecord record = m_line.sim().record(3);
+        const hartsim::RequestRecord record = m_line.sim.record(3);
         QCOMPARE(int(record.command), 131);
         QCOMPARE(record.data, QByteArray());
         QCOMPARE(device->getDeviceInfoByte("modify_count"), 1);
 
         // Answered without data, the echo of a write differs; nothing is counted.
         device->setDeviceInfo("resistanceTS_0", 50.0f);
-        m_line.sim().addFault(0, emptyAnswer(156));
+        m_line.sim.addFault(0, emptyAnswer(156));
         QSignalSpy errors(device, &Device::deviceError);
         QVERIFY(!device->writeDevice(156));
-        QCOMPARE(m_line.sim().record(4).data, hx("42480000"));
+        QCOMPARE(m_line.sim.record(4).data, hx("42480000"));
         const QString mismatch = QStringLiteral("*** cmdData != response");
         QCOMPARE(errors, QList<QList<QVariant>>{{mismatch}});
         QCOMPARE((QStringList{device->errorText(), device->messageLog().last()}), QStringList({mismatch, mismatch}));
@@ -276,7 +272,7 @@ private slots:
         QVERIFY(!device->sendAdjustCode(54321));
         QCOMPARE(refused(), "-3 " + restricted);
         QVERIFY(!device->hasDeviceInfoParam("metrology_access"));
-        QCOMPARE(m_line.sim().record(3).data, hx("0000d431"));
+        QCOMPARE(m_line.sim.record(3).data, hx("0000d431"));
 
         // The right one opens it, and the adjustment goes through. The code
         // reaches neither a log line of any level nor the device's message log.
@@ -297,7 +293,7 @@ private slots:
         disconnect(collect);
         log->set_emitting(false);
         log->set_flags(flags);
-        QCOMPARE(m_line.sim().record(4).data, hx("00003039"));
+        QCOMPARE(m_line.sim.record(4).data, hx("00003039"));
         const QString everything = logLines.join('\n') + device->messageLog().join('\n');
         QVERIFY(everything.contains(QStringLiteral(" 82 a0 91 00 91 01 be 04 ** ** ** ** **")));
         QVERIFY2(!everything.contains(QStringLiteral("30 39")), qPrintable(everything));
@@ -307,17 +303,17 @@ private slots:
         QVERIFY(!QJsonDocument::fromVariant(device->save()).toJson().contains("12345"));
         QVERIFY(device->messageLog().contains(QStringLiteral("writing metrology access (cmd=190)...\n")));
         QVERIFY(device->writeDevice(172));
-        QCOMPARE(m_line.sim().param(0, "adjust_resistance").toDouble(), 105.0);
+        QCOMPARE(m_line.sim.param(0, "adjust_resistance").toDouble(), 105.0);
 
         // Code 0 closes it again.
         QVERIFY(device->sendAdjustCode(0));
-        QCOMPARE(m_line.sim().record(6).data, hx("00000000"));
+        QCOMPARE(m_line.sim.record(6).data, hx("00000000"));
         QVERIFY(device->deviceInfo().value("metrology_access") == QVariant(0) && !device->isMetrologyAccessOpen());
         QVERIFY(!device->writeDevice(172));
         QCOMPARE(device->errorText(), restricted);
 
         // An answer that doesn't say open is no success.
-        m_line.sim().addFault(0, emptyAnswer(190));
+        m_line.sim.addFault(0, emptyAnswer(190));
         QSignalSpy errors(device, &Device::deviceError);
         QVERIFY(!device->sendAdjustCode(12345));
         QCOMPARE(device->errorText(), QStringLiteral("*** metrology access is not open"));
@@ -337,23 +333,23 @@ private slots:
         // Access closed: the device refuses and keeps its number.
         QVERIFY(!device->writeFactoryNumber(hx("123456")));
         QCOMPARE(device->errorCode(), -3);
-        QCOMPARE(m_line.sim().record(2).command, quint8(194));
-        QCOMPARE(m_line.sim().param(0, "device_id").toInt(), 0x009101);
+        QCOMPARE(m_line.sim.record(2).command, quint8(194));
+        QCOMPARE(m_line.sim.param(0, "device_id").toInt(), 0x009101);
 
         QVERIFY(device->sendAdjustCode(12345));
         QVERIFY(device->writeFactoryNumber(hx("123456")));
-        QCOMPARE(m_line.sim().param(0, "device_id").toInt(), 0x123456);
-        const hartsim::RequestRecord write = m_line.sim().record(4);
+        QCOMPARE(m_line.sim.param(0, "device_id").toInt(), 0x123456);
+        const hartsim::RequestRecord write = m_line.sim.record(4);
         QCOMPARE((QList<QByteArray>{QByteArray::number(write.command), write.data, write.address}),
                  (QList<QByteArray>{"194", hx("123456"), hx("a091009101")}));
         // Identified again at the polling address, and from now on reached at
         // the new long address.
-        const hartsim::RequestRecord identification = m_line.sim().record(5);
+        const hartsim::RequestRecord identification = m_line.sim.record(5);
         QCOMPARE((QList<QByteArray>{QByteArray::number(identification.command), identification.address,
                                     device->hartDeviceID(), device->hartAddress()}),
                  (QList<QByteArray>{"0", hx("80"), hx("123456"), hx("2091123456")}));
         QVERIFY(device->readDevice(132));
-        QCOMPARE(m_line.sim().record(6).address, hx("a091123456"));
+        QCOMPARE(m_line.sim.record(6).address, hx("a091123456"));
         QCOMPARE(device->state(), 2);
     }
 
@@ -376,10 +372,10 @@ private slots:
 
         Device* device = m_line.identify(1);
         QVERIFY(device);
-        m_line.sim().setParams(1, simSetup);
+        m_line.sim.setParams(1, simSetup);
         setInfo(device, {{"line_point_number", point}, {"line_point_value", 99.0f}});
         QVERIFY(device->writeDevice(148));
-        QCOMPARE(m_line.sim().record(2).data, QByteArray(1, char(point)));
+        QCOMPARE(m_line.sim.record(2).data, QByteArray(1, char(point)));
         VERIFY_NO_MISMATCH(
             mismatches(device->deviceInfo(), {{"line_point_number", point}, {"line_point_value", value}}));
         QTEST(device->statusTexts().contains(QStringLiteral("*** linearization point not used")), "warning");
@@ -397,8 +393,8 @@ private slots:
         setInfo(device, vmap("grd_type=0; grd_point_number=1; grd_point_value=7.0f; ei_isopotential_point=123.0f; "
                              "steepness=1.0f"));
         QVERIFY(device->writeDevice(151));
-        QCOMPARE(m_line.sim().record(2).data, hx("000140e00000"));
-        const float ei = m_line.sim().param(2, "ei_isopotential_point").toFloat();
+        QCOMPARE(m_line.sim.record(2).data, hx("000140e00000"));
+        const float ei = m_line.sim.param(2, "ei_isopotential_point").toFloat();
         QVERIFY(ei != 0.0f);
         VERIFY_NO_MISMATCH(mismatches(device->deviceInfo(),
                                       {{"ei_isopotential_point", ei}, {"steepness", 59.16f}, {"grd_point_number", 1}}));
@@ -423,9 +419,9 @@ private slots:
         QFETCH(QVariantMap, simSetup);
         Device* device = m_line.identify(2);
         QVERIFY(device);
-        m_line.sim().setParams(2, simSetup);
+        m_line.sim.setParams(2, simSetup);
         QVERIFY(device->readDevice(1));
-        QCOMPARE(int(m_line.sim().record(3).command), 48);
+        QCOMPARE(int(m_line.sim.record(3).command), 48);
         QTEST(device->additionalStatusText(), "text");
         // The texts of each bit, and of codes no device sends.
         QCOMPARE(device->getADCCodeString(0), QString());
@@ -454,8 +450,8 @@ private slots:
         QVERIFY(!device->hasDeviceInfoParam("metrology_access"));
         // Nothing went out: the next request the line serves follows command 0.
         QVERIFY(device->readDevice(1));
-        QCOMPARE(int(m_line.sim().record(2).command), 1);
-        QCOMPARE(m_line.sim().line().requests().size(), 2);
+        QCOMPARE(int(m_line.sim.record(2).command), 1);
+        QCOMPARE(m_line.sim.line().requests().size(), 2);
     }
 };
 

@@ -37,11 +37,7 @@ class TestPeriodThread : public QObject
 private slots:
     void initTestCase() { DebugQt::instance(0x8ED0001, nullptr); }
 
-    void init()
-    {
-        QString error;
-        QVERIFY2(m_line.start(&error), qPrintable(error));
-    }
+    void init() { QVERIFY(m_line.start()); }
     void cleanup() { m_line.stop(); }
 
     void goodMaps_data()
@@ -77,7 +73,7 @@ private slots:
         const QDateTime begin = QDateTime::currentDateTime();
         thread.setDevice(d, 20);
         QTRY_VERIFY_WITH_TIMEOUT(!maps.isEmpty(), 10000);
-        m_line.sim().setParams(address, changes);
+        m_line.sim.setParams(address, changes);
         // The cycle under way may have started before the change.
         QTRY_VERIFY_WITH_TIMEOUT(maps.count() >= 3, 10000);
         thread.stopThread();
@@ -96,7 +92,7 @@ private slots:
         QCOMPARE(map.value("output_current"), d->getDeviceInfo("output_current"));
         // One command 3 for each map, and one more when stopThread dropped a result.
         int polls = 0;
-        for (const hartsim::RequestRecord& record : m_line.sim().line().requests())
+        for (const hartsim::RequestRecord& record : m_line.sim.line().requests())
             polls += record.command == 3 ? 1 : 0;
         QVERIFY2(polls == maps.count() || polls == maps.count() + 1, qPrintable(QString::number(polls)));
     }
@@ -109,14 +105,14 @@ private slots:
         QVERIFY(d->readDevice(3));
         const QVariant current = d->getDeviceInfo("output_current");
         QVERIFY(current.toFloat() > 3.9f);
-        const int faultId = m_line.sim().addFault(3, fault(Fault::BadChecksum, 3));
+        const int faultId = m_line.sim.addFault(3, fault(Fault::BadChecksum, 3));
 
         PeriodThread thread;
         QSignalSpy maps(&thread, &PeriodThread::responsePV);
         thread.setDevice(d, 20);
         // A failure does not stop the polling.
         QTRY_VERIFY_WITH_TIMEOUT(maps.count() >= 2, 20000);
-        QVERIFY(m_line.sim().line().removeFault(faultId));
+        QVERIFY(m_line.sim.line().removeFault(faultId));
         // The cycle under way may still fail; the one after it is good.
         const int failed = int(maps.count());
         QTRY_VERIFY_WITH_TIMEOUT(maps.count() >= failed + 2, 20000);
@@ -165,7 +161,7 @@ private slots:
         QVERIFY(!timer->isActive());
         QCOMPARE(d->deviceTagState(), int(Device::TagStateRead));
         QCOMPARE(maps.count(), 2);
-        QCOMPARE(m_line.sim().line().requestCount(), 2);
+        QCOMPARE(m_line.sim.line().requestCount(), 2);
         // A stopped thread starts again.
         thread.setDevice(d, 60000);
         QTRY_COMPARE_WITH_TIMEOUT(maps.count(), 3, 10000);
@@ -216,7 +212,7 @@ private slots:
                 QCOMPARE(value.typeId(), units[slot].isValid() ? int(QMetaType::Float) : int(QMetaType::UnknownType));
             }
         }
-        const QList<hartsim::RequestRecord> log = m_line.sim().line().requests();
+        const QList<hartsim::RequestRecord> log = m_line.sim.line().requests();
         QVERIFY(log.size() >= 2);
         for (const hartsim::RequestRecord& record : log) {
             QCOMPARE(int(record.command), 33);

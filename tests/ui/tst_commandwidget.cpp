@@ -98,8 +98,7 @@ private slots:
     {
         QFETCH(bool, forced);
         QFETCH(QByteArray, buffer);
-        QString error;
-        QVERIFY2(m_line.start(&error), qPrintable(error));
+        QVERIFY(m_line.start());
         Device* device = m_line.identify(QStringLiteral("TCV-C"), 0);
         QVERIFY(device);
         DeviceWidget owner(nullptr, device);
@@ -110,7 +109,7 @@ private slots:
         addCountThenBytes(widget, 0, buffer);
         widget.findChild<QPushButton*>("btnSendCustomCmd")->click();
 
-        const hartsim::RequestRecord record = m_line.sim().record(2);
+        const hartsim::RequestRecord record = m_line.sim.record(2);
         QCOMPARE(int(record.command), 1);
         QTEST(record.data, "sent");
         // The answer's data, unit and value, stands ahead of the checksum.

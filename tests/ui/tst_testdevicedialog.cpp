@@ -22,8 +22,7 @@ private slots:
     void init()
     {
         DebugQt::instance(0, nullptr);
-        QString error;
-        QVERIFY2(m_line.start(&error), qPrintable(error));
+        QVERIFY(m_line.start());
         m_userDir.reset(new QTemporaryDir);
         AppSettings::instance()->testsPath = m_userDir->path();
     }
@@ -51,10 +50,10 @@ private slots:
         QFETCH(QString, file);
         QString error;
         if (templateName == "DX-C")
-            QVERIFY2(m_line.sim().line().addDevice(hartsim::SimDevice::create("DX-C", {{"polling_address", 4}}, &error),
-                                                   &error),
+            QVERIFY2(m_line.sim.line().addDevice(hartsim::SimDevice::create("DX-C", {{"polling_address", 4}}, &error),
+                                                 &error),
                      qPrintable(error));
-        const QVariant tag = m_line.sim().param(address, "tag");
+        const QVariant tag = m_line.sim.param(address, "tag");
         Device* d = open(templateName, address, file);
         QVERIFY(d);
         QSignalSpy changed(m_dialog.data(), &TestDeviceDialog::changed);
@@ -66,9 +65,9 @@ private slots:
             QVERIFY2(report.contains(QLatin1String(text)), text);
         // Whatever the test wrote, the device is left as it was found.
         QCOMPARE(changed.count(), templateName == "DX-C" ? 0 : 1);
-        QCOMPARE(m_line.sim().param(address, "polling_address").toInt(), address);
-        QCOMPARE(m_line.sim().param(address, "tag").toString().trimmed(), tag.toString());
-        QCOMPARE(m_line.sim().param(address, "damping_time").toDouble(), 0.5);
+        QCOMPARE(m_line.sim.param(address, "polling_address").toInt(), address);
+        QCOMPARE(m_line.sim.param(address, "tag").toString().trimmed(), tag.toString());
+        QCOMPARE(m_line.sim.param(address, "damping_time").toDouble(), 0.5);
         QCOMPARE(d->port()->isOpened(), templateName != "General");
     }
 
@@ -94,7 +93,7 @@ private slots:
         QVERIFY(d);
         Fault once = fault(Fault::Kind(kind), command, 14); // 14, a warning: the answer counts as good
         once.count = 1;
-        m_line.sim().addFault(-1, once); // the device's address changes on the way
+        m_line.sim.addFault(-1, once); // the device's address changes on the way
         m_dialog->on_btnStart_clicked();
 
         const QMap<QString, int> counts = m_dialog->errorCounts();
@@ -108,7 +107,7 @@ private slots:
         // The run went on with the next command, which closed the port.
         QVERIFY(report.contains("Test of command 13 completed."));
         QVERIFY(!d->port()->isOpened());
-        QCOMPARE(m_line.sim().param(3, "polling_address").toInt(), 3);
+        QCOMPARE(m_line.sim.param(3, "polling_address").toInt(), 3);
     }
 
     void cancelAndContinue()
@@ -145,7 +144,7 @@ private slots:
 
     void deviceMismatchAsks()
     {
-        m_line.sim().setParam(0, "tag", "XX-1");
+        m_line.sim.setParam(0, "tag", "XX-1");
         QVERIFY(open("TCV-C", 0, ":/tests/tcv-c.tpl"));
         ModalAnswerer answerer({QMessageBox::Cancel});
         m_dialog->on_btnStart_clicked();
@@ -154,7 +153,7 @@ private slots:
                  qPrintable(answerer.seen().at(0)));
         QVERIFY(m_dialog->report().contains("The test did not run"));
         // Only the reads of the check went out.
-        for (const hartsim::RequestRecord& record : m_line.sim().line().requests())
+        for (const hartsim::RequestRecord& record : m_line.sim.line().requests())
             QVERIFY2(QList<int>({0, 7, 13, 15}).contains(record.command), qPrintable(QString::number(record.command)));
     }
 
