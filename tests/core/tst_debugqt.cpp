@@ -145,9 +145,8 @@ private slots:
     // The back trace the crash handler prints.
     void frameParse_data()
     {
-        QTest::addColumn<QString>("symbolLine");
-        QTest::addColumn<QString>("parts"); // path|file|raw signature|signature|offset
-        QTest::addColumn<QString>("printable");
+        // parts: path|file|raw signature|signature|offset
+        addColumns<QString, QString, QString>({"symbolLine", "parts", "printable"});
 
         QTest::newRow("plain C symbol") << "/usr/lib/x86_64-linux-gnu/libc.so.6(__libc_start_main+0x8a) [0x7f3a2c1]"
                                         << QString("/usr/lib/x86_64-linux-gnu|libc.so.6|__libc_start_main||0x7f3a2c1")

@@ -85,8 +85,7 @@ private slots:
 
     void namesAndHeader_data()
     {
-        QTest::addColumn<QVariantMap>("changes");
-        QTest::addColumn<QString>("file");
+        addColumns<QVariantMap, QString>({"changes", "file"});
 
         QTest::newRow("dated directories") << QVariantMap() << "arch/2026/01/02/N_14_03_05.csv";
         QTest::newRow("default root") << QVariantMap{{"archive_path", ""}} << "archives/2026/01/02/N_14_03_05.csv";
@@ -110,8 +109,7 @@ private slots:
 
     void lineFormat_data()
     {
-        QTest::addColumn<QVariantMap>("data");
-        QTest::addColumn<QString>("line");
+        addColumns<QVariantMap, QString>({"data", "line"});
 
         const QDateTime t(QDate(2026, 1, 2), QTime(15, 4, 6));
         const QVariantMap all{{"PV", 62.5f},      {"output_current", 14.0f},
@@ -148,8 +146,7 @@ private slots:
 
     void existingFixedFile_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QStringList>("expected");
+        addColumns<QByteArray, QStringList>({"content", "expected"});
 
         const QString head = "old ; x ; 01.01.2026 00:00:00 ; @ ; -1 ;";
         // The numbering goes on from the line count, the header included; an

@@ -35,8 +35,7 @@ private slots:
 
     void adjustXAxis_data()
     {
-        QTest::addColumn<double>("span");
-        QTest::addColumn<double>("step");
+        addColumns<double, double>({"span", "step"});
 
         QTest::newRow("300 s: gross 50 s, step 30 s") << 300.0 << 30.0;
         QTest::newRow("an hour: 10 minutes") << 3600.0 << 600.0;

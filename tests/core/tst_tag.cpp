@@ -125,12 +125,12 @@ private slots:
 
     void conversions_data()
     {
-        QTest::addColumn<int>("serverType");
-        QTest::addColumn<int>("deviceType");
-        QTest::addColumn<QByteArray>("raw");   // lowest byte first
-        QTest::addColumn<QVariant>("bits");    // QPoint(from, to) when extracting
-        QTest::addColumn<QVariant>("value");   // read from raw; invalid: the value stays
-        QTest::addColumn<QVariant>("written"); // written gives raw; invalid: not written
+        // raw: lowest byte first
+        // bits: QPoint(from, to) when extracting
+        // value: read from raw; invalid: the value stays
+        // written: written gives raw; invalid: not written
+        addColumns<int, int, QByteArray, QVariant, QVariant, QVariant>(
+            {"serverType", "deviceType", "raw", "bits", "value", "written"});
         const QVariant whole;
         const QVariant none;
 

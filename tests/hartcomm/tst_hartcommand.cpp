@@ -90,8 +90,7 @@ class TestHartCommand : public QObject
 private slots:
     void frameText_data()
     {
-        QTest::addColumn<QByteArray>("frame");
-        QTest::addColumn<QString>("text");
+        addColumns<QByteArray, QString>({"frame", "text"});
         QTest::newRow("access code, short address")
             << hx("ffff0280be0400003039ad") << "ff ff 02 80 be 04 ** ** ** ** **";
         QTest::newRow("access code, long address")
@@ -109,8 +108,7 @@ private slots:
 
     void request_data()
     {
-        QTest::addColumn<QByteArray>("built");
-        QTest::addColumn<QByteArray>("frame");
+        addColumns<QByteArray, QByteArray>({"built", "frame"});
 
         const QByteArray none;
         // 5 preambles, polling address 0, command 0, primary master.

@@ -70,7 +70,6 @@ private slots:
     {
         QFETCH(bool, byteForm);
         QFETCH(int, command);
-        QFETCH(int, preambles);
 
         HartPort port;
         QVERIFY(openPort(port));
@@ -80,7 +79,7 @@ private slots:
         else
             port.sendCommand(hx("11 2A 00 2A 01"), quint8(command), QByteArray(), response, true);
         QVERIFY(m_sim.line().waitForRequests(1, 3000));
-        QCOMPARE(m_sim.lastRequestPreambles(), preambles);
+        QTEST(m_sim.lastRequestPreambles(), "preambles");
     }
 
     void preambleLearning_data()
@@ -154,7 +153,6 @@ private slots:
         QFETCH(bool, ok);
         QFETCH(int, code);
         QFETCH(QString, error);
-        QFETCH(QStringList, status);
 
         HartPort port;
         QVERIFY(openPort(port));
@@ -165,7 +163,7 @@ private slots:
         QCOMPARE(port.sendCommand(quint8(0), 1, QByteArray(), response, true), ok);
         QCOMPARE(port.error(), code);
         QCOMPARE(port.errorText(), error);
-        QCOMPARE(port.statusText(), status);
+        QTEST(port.statusText(), "status");
         if (ok)
             QCOMPARE(response.size(), 5); // unit and PV
         else
@@ -221,9 +219,8 @@ private slots:
 
     void packedAscii_data()
     {
-        QTest::addColumn<QString>("text"); // none: the bytes are only unpacked
-        QTest::addColumn<QByteArray>("packed");
-        QTest::addColumn<QString>("unpacked");
+        // text: none: the bytes are only unpacked
+        addColumns<QString, QByteArray, QString>({"text", "packed", "unpacked"});
 
         QTest::newRow("ABCD") << "ABCD" << hx("04 20 C4") << "ABCD";
         QTest::newRow("one character") << "A" << hx("04") << "A";

@@ -87,11 +87,11 @@ private slots:
 
     void feed_data()
     {
-        QTest::addColumn<QByteArrayList>("chunks");
-        QTest::addColumn<int>("step");                // ms between the chunks
-        QTest::addColumn<QByteArrayList>("expected"); // the frames found, as bytes
-        QTest::addColumn<QList<int>>("drops");        // too few preambles, delimiter, checksum, gap
-        QTest::addColumn<int>("noise");
+        // step: ms between the chunks
+        // expected: the frames found, as bytes
+        // drops: too few preambles, delimiter, checksum, gap
+        addColumns<QByteArrayList, int, QByteArrayList, QList<int>, int>(
+            {"chunks", "step", "expected", "drops", "noise"});
 
         const QList<int> none{0, 0, 0, 0};
         const QByteArray two = hx("FF FF 02 83 01 00 80");

@@ -195,9 +195,8 @@ private slots:
 
     void faults_data()
     {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<int>("value"); // the pause, delay, code, preambles or length the kind takes
-        addColumns<bool, bool, QByteArray>({"longFrame", "keepData", "expected"});
+        // value: the pause, delay, code, preambles or length the kind takes
+        addColumns<int, int, bool, bool, QByteArray>({"kind", "value", "longFrame", "keepData", "expected"});
 
         // Device 1 answers command 1 with kPa and 42, telling its cold start;
         // the checksums are summed by hand.

@@ -52,12 +52,10 @@ private slots:
 
     void insertion_data()
     {
-        QTest::addColumn<int>("filled"); // bytes 00, 01, ... in the buffer first
-        QTest::addColumn<int>("start");  // selected characters of the buffer field
-        QTest::addColumn<int>("length");
-        QTest::addColumn<QString>("button"); // byte aa, float 1.0 or int 0x1234 of two bytes
-        QTest::addColumn<int>("size");
-        QTest::addColumn<QByteArray>("tail");
+        // filled: bytes 00, 01, ... in the buffer first
+        // start: selected characters of the buffer field
+        // button: byte aa, float 1.0 or int 0x1234 of two bytes
+        addColumns<int, int, int, QString, int, QByteArray>({"filled", "start", "length", "button", "size", "tail"});
         QTest::newRow("append") << 2 << 0 << 0 << "btnAddByte" << 3 << hx("0001aa");
         QTest::newRow("replace one") << 3 << 4 << 1 << "btnAddByte" << 3 << hx("00aa02");
         QTest::newRow("two by a float") << 3 << 0 << 5 << "btnAddFloat" << 5 << hx("3f80000002");

@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "commonwidget.h"
 #include "defaultdevicewidget.h"
 #include "editorfixture.h"
@@ -30,12 +31,10 @@ private slots:
 
     void checks_data()
     {
-        QTest::addColumn<int>("address");
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<QString>("typed"); // into the tag or long tag field
-        QTest::addColumn<int>("lostCommand");
-        QTest::addColumn<QString>("box"); // "title|text" start of the box, empty for none and a good check
-        QTest::addColumn<QList<int>>("sent");
+        // typed: into the tag or long tag field
+        // box: "title|text" start of the box, empty for none and a good check
+        addColumns<int, QString, QString, int, QString, QList<int>>(
+            {"address", "button", "typed", "lostCommand", "box", "sent"});
         const QString none;
         const QList<int> tail = {48, 7, 13, 15, 16};
         QTest::newRow("address") << 0 << "btnCheck" << none << -1 << none << QList<int>{0} + tail;

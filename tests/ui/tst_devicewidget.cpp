@@ -183,8 +183,7 @@ private slots:
     // The status panel: the device's status in its colour, and the verdict of a transaction.
     void statusColour_data()
     {
-        QTest::addColumn<QByteArray>("code");
-        QTest::addColumn<QString>("shown");
+        addColumns<QByteArray, QString>({"code", "shown"});
         QTest::newRow("none") << QByteArray() << "<p style=\"color: green; font: bold;\"></p>";
         QTest::newRow("good") << QByteArray(2, 0) << "<p style=\"color: green; font: bold;\">00 00</p>";
         QTest::newRow("response code") << QByteArray("\x07\x00", 2) << "<p style=\"color: red; font: bold;\">07 00</p>";
@@ -203,9 +202,8 @@ private slots:
 
     void verdict_data()
     {
-        QTest::addColumn<int>("steps");
-        QTest::addColumn<int>("taken");
-        QTest::addColumn<int>("final"); // the argument of the final message
+        // final: the argument of the final message
+        addColumns<int, int, int>({"steps", "taken", "final"});
         addColumns<QString, bool, QStringList>({"error", "green", "boxes"});
         QTest::newRow("all steps") << 2 << 2 << 0 << "old error" << true << QStringList();
         QTest::newRow("steps given") << 3 << 0 << 3 << "" << true << QStringList();
@@ -242,10 +240,8 @@ private slots:
     // The live values panel lists each status text once, prefixed with the code that brought it.
     void pvStatusLines_data()
     {
-        QTest::addColumn<QByteArray>("code");
-        QTest::addColumn<QStringList>("texts"); // one report after the other
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<bool>("configChanged");
+        // texts: one report after the other
+        addColumns<QByteArray, QStringList, QString, bool>({"code", "texts", "shown", "configChanged"});
         QTest::newRow("good, no prefix") << QByteArray(2, 0) << QStringList{"all well"} << "all well" << false;
         QTest::newRow("prefixed, once each")
             << QByteArray("\x00\x40", 2) << QStringList{"Configuration changed\nCold start", "Cold start"}

@@ -76,8 +76,7 @@ private slots:
 
     void writeButton_data()
     {
-        QTest::addColumn<QString>("codeText");
-        QTest::addColumn<bool>("sent");
+        addColumns<QString, bool>({"codeText", "sent"});
         QTest::newRow("right code") << "12345" << true;
         QTest::newRow("empty code") << "" << false;
         QTest::newRow("code beyond 32 bits") << "4294967296" << false;

@@ -1,3 +1,4 @@
+#include "columns.h"
 #include "debugqt.h"
 #include "deviceline.h"
 #include "measurewidget.h"
@@ -42,8 +43,7 @@ private slots:
 
     void startRefused_data()
     {
-        QTest::addColumn<bool>("withDevice");
-        QTest::addColumn<int>("period");
+        addColumns<bool, int>({"withDevice", "period"});
         QTest::newRow("period 0") << true << 0;
         QTest::newRow("no device") << false << 1;
     }
@@ -65,8 +65,7 @@ private slots:
 
     void viewEdgeRefused_data()
     {
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<QString>("box");
+        addColumns<QString, QString>({"field", "box"});
         QTest::newRow("Max Y below Min Y")
             << QString("dspnViewMaxY") << "Max Y value|The entered value Max Y (-100) less than Min Y";
         QTest::newRow("Min Y above Max Y")

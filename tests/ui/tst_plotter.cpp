@@ -16,8 +16,7 @@ class TestPlotter : public QObject
 private slots:
     void rubberBand_data()
     {
-        QTest::addColumn<QPoint>("drag");
-        QTest::addColumn<bool>("zooms");
+        addColumns<QPoint, bool>({"drag", "zooms"});
         QTest::newRow("2 pixels wide") << QPoint(2, 60) << false;
         QTest::newRow("2 pixels high") << QPoint(-60, -2) << false;
         QTest::newRow("3 pixels") << QPoint(3, 3) << true;

@@ -87,10 +87,8 @@ private slots:
 
     void adjustments_data()
     {
-        addColumns<QString, int, int>({"start", "input", "page"});
-        QTest::addColumn<QString>("fetch"); // the button that sets or reads the value first
-        QTest::addColumn<QString>("adjust");
-        QTest::addColumn<int>("command");
+        // fetch: the button that sets or reads the value first
+        addColumns<QString, int, int, QString, QString, int>({"start", "input", "page", "fetch", "adjust", "command"});
         QTest::newRow("current") << "btnStartAdjust" << 0 << 2 << "btnSet4mA" << QString("btnAdjust4mA") << 45;
         QTest::newRow("voltage") << "btnStartAdjustByU" << 1 << 3 << "btnGetVoltage" << QString("btnAdjustVoltage")
                                  << 171;

@@ -14,10 +14,9 @@ private slots:
 
     void notations_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shown"); // the text that stays in the field
-        QTest::addColumn<bool>("isFloat");
-        QTest::addColumn<int>("value"); // the int value, or the float times 1000
+        // shown: the text that stays in the field
+        // value: the int value, or the float times 1000
+        addColumns<QString, QString, bool, int>({"typed", "shown", "isFloat", "value"});
 
         QTest::newRow("decimal") << "101" << QString("101") << false << 101;
         QTest::newRow("negative") << "-7" << QString("-7") << false << -7;
