@@ -3,7 +3,15 @@
 
 #include <QtTest>
 
+#include <QByteArray>
+
 #include <array>
+
+// Bytes written in hex: hx("02 80 00").
+inline QByteArray hx(const char* hex)
+{
+    return QByteArray::fromHex(hex);
+}
 
 // The columns of a data table, named in order: addColumns<int, QString>({"command", "label"}).
 template <typename... T>

@@ -16,11 +16,6 @@
 
 #include <array>
 
-inline QByteArray hx(const char* hex)
-{
-    return QByteArray::fromHex(hex);
-}
-
 // A fault of this kind for the command (-1: any), with the response code it sets.
 inline hartsim::Fault fault(hartsim::Fault::Kind kind, int command = -1, int code = 0)
 {

@@ -545,49 +545,6 @@ private slots:
         QCOMPARE(m_line.served(device, 0), QList<int>({16}));
     }
 
-    // A reset or a self test logs its label as it starts, and "executing"
-    // it when it fails.
-    void writeLogLines_data()
-    {
-        addColumns<int, int, QString, QString>({"command", "code", "label", "reason"});
-        QTest::newRow("reset") << 42 << 6 << "reset device"
-                               << "command not executed";
-        QTest::newRow("start") << 41 << 32 << "start device self test"
-                               << "device is busy";
-    }
-
-    void writeLogLines()
-    {
-        QFETCH(int, command);
-        QFETCH(int, code);
-        QFETCH(QString, label);
-        QFETCH(QString, reason);
-
-        Device* device = identifiedOnLine();
-        QVERIFY(device);
-        m_line.sim.addFault(0, fault(Fault::ResponseCode, command, code));
-        QSignalSpy errors(device, &Device::deviceError);
-        const int before = int(device->messageLog().size());
-        QVERIFY(!device->writeDevice(command));
-        const QList<QString> lines = device->messageLog().mid(before);
-        QVERIFY(!lines.isEmpty());
-        QCOMPARE(lines.first(), QStringLiteral("%1 (cmd=%2)...\n").arg(label).arg(command));
-        const QString error = QStringLiteral("Command error (error code %1): *** %2").arg(code).arg(reason);
-        QCOMPARE(lines.last(), QStringLiteral("error -3 %1 - %2\nError (processing time: %3ms)")
-                                   .arg("executing " + label, error)
-                                   .arg(device->processingTime()));
-        // The response code stands in the status, and so in the log.
-        QCOMPARE(device->statusBytes().size(), 2);
-        QCOMPARE(int(quint8(device->statusBytes().at(0))), code);
-        const QString hexCode = QString::number(code, 16).rightJustified(2, QLatin1Char('0')).toUpper();
-        QCOMPARE(linesStartingWith(*device, QStringLiteral("Device status: [%1 ").arg(hexCode)).size(), 1);
-        QCOMPARE(errors,
-                 QList<QList<QVariant>>({{QStringLiteral("error executing cmd=%1 - %2").arg(command).arg(error)}}));
-        QCOMPARE((QList<int>{device->errorCode(), device->state(), device->getDeviceInfoByte("modify_count")}),
-                 (QList<int>{-3, 3, 0}));
-        QVERIFY(!(device->deviceTagState() & Device::TagStateWritten));
-    }
-
     void failedRead_data()
     {
         addColumns<QString, bool, int>({"cause", "closeOnError", "code"});

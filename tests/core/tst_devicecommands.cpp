@@ -7,19 +7,6 @@
 #include <QThread>
 #include <QtTest>
 
-namespace {
-
-// A row of writes(): the request data the device information makes, what the
-// answer leaves in it, whether the write counts as a change, and whether the
-// device answers with no data at all.
-void genericWriteRow(const char* name, int command, const QVariantMap& info, const QByteArray& request,
-                     bool counts = true, const char* stored = "", bool empty = false)
-{
-    QTest::newRow(name) << command << info << empty << request << vmap(stored) << counts;
-}
-
-} // namespace
-
 class TestDeviceCommands : public QObject
 {
     Q_OBJECT
@@ -159,8 +146,16 @@ private slots:
 
     void writes_data()
     {
+        // The request data the device information makes, what the answer
+        // leaves in it, whether the write counts as a change, and whether the
+        // device answers with no data at all.
         addColumns<int, QVariantMap, bool, QByteArray, QVariantMap, bool>(
             {"command", "info", "empty", "request", "infoExpected", "counts"});
+        const auto genericWriteRow = [](const char* name, int command, const QVariantMap& info,
+                                        const QByteArray& request, bool counts = true, const char* stored = "",
+                                        bool empty = false) {
+            QTest::newRow(name) << command << info << empty << request << vmap(stored) << counts;
+        };
         genericWriteRow("6 polling address", 6, {{"polling_address", 0}, {"current_loop_mode", 0}}, hx("0000"));
         genericWriteRow("17 message", 17, {{"message", "Calibrated on site"}},
                         hx("0c130909205414480f3a04c9505820820820820820820820"));
@@ -237,26 +232,37 @@ private slots:
     }
 
     // Writes the device answers other than asked: an echo that differs from
-    // the request, or a refusal.
+    // the request, or a refusal with the response code, the device's own or
+    // one put on its answer ("injected"; 0: no data at all). "logged" is the
+    // last line of the log, %1 the error.
     void refusedWrites_data()
     {
-        addColumns<int, int, QVariantMap, bool, QByteArray, QString>(
-            {"pollingAddress", "command", "info", "emptyAnswer", "request", "error"});
+        addColumns<int, int, QVariantMap, bool, int, QByteArray, QString, QString>(
+            {"pollingAddress", "command", "info", "injected", "code", "request", "error", "logged"});
         const QString mismatch = QStringLiteral("*** cmdData != response");
+        const auto refusal = [](int code, const char* reason) {
+            return QStringLiteral("Command error (error code %1): *** %2").arg(code).arg(reason);
+        };
         QTest::newRow("HART 5 answers command 6 with one byte")
-            << 1 << 6 << QVariantMap{{"polling_address", 1}, {"current_loop_mode", 0}} << false << hx("0100")
-            << mismatch;
+            << 1 << 6 << QVariantMap{{"polling_address", 1}, {"current_loop_mode", 0}} << false << 0 << hx("0100")
+            << mismatch << "%1";
         QTest::newRow("damping echoed without data")
-            << 0 << 34 << QVariantMap{{"damping_time", 2.0f}} << true << hx("40000000") << mismatch;
+            << 0 << 34 << QVariantMap{{"damping_time", 2.0f}} << true << 0 << hx("40000000") << mismatch << "%1";
         QTest::newRow("a command without a row that answers with data")
-            << 0 << 3 << QVariantMap() << false << QByteArray() << mismatch;
+            << 0 << 3 << QVariantMap() << false << 0 << QByteArray() << mismatch << "%1";
         // The device clears its flag only for its own counter of changes.
-        QTest::newRow("38 with another counter")
-            << 0 << 38 << QVariantMap{{"modify_count", 5}} << false << hx("0005")
-            << "Command error (error code 9): *** mismatch counter configuration change";
+        QTest::newRow("38 with another counter") << 0 << 38 << QVariantMap{{"modify_count", 5}} << false << 9
+                                                 << hx("0005") << refusal(9, "mismatch counter configuration change")
+                                                 << "error -3 executing reset config changed flag  - %1";
         QTest::newRow("a command the device does not know")
-            << 0 << 200 << QVariantMap{{"damping_time", 9.0f}} << false << QByteArray()
-            << "Command error (error code 64): *** command not implemented";
+            << 0 << 200 << QVariantMap{{"damping_time", 9.0f}} << false << 64 << QByteArray()
+            << refusal(64, "command not implemented") << "error -3 writing  - %1";
+        // A reset or a self test is logged as it is called.
+        QTest::newRow("42 reset") << 0 << 42 << QVariantMap() << true << 6 << QByteArray()
+                                  << refusal(6, "command not executed") << "error -3 executing reset device - %1";
+        QTest::newRow("41 self test") << 0 << 41 << QVariantMap() << true << 32 << QByteArray()
+                                      << refusal(32, "device is busy")
+                                      << "error -3 executing start device self test - %1";
     }
 
     void refusedWrites()
@@ -264,28 +270,37 @@ private slots:
         QFETCH(int, pollingAddress);
         QFETCH(int, command);
         QFETCH(QVariantMap, info);
-        QFETCH(bool, emptyAnswer);
+        QFETCH(bool, injected);
+        QFETCH(int, code);
         QFETCH(QString, error);
+        QFETCH(QString, logged);
 
         Device* device = pollingAddress == 0 ? m_device : m_line.addDevice(pollingAddress);
         if (device != m_device)
             QVERIFY(device->readDevice(0));
         setInfo(device, info);
-        if (emptyAnswer)
-            m_line.sim.addFault(pollingAddress, ::emptyAnswer(command));
+        if (injected)
+            m_line.sim.addFault(pollingAddress, fault(hartsim::Fault::ResponseCode, command, code));
         const int modifyCount = device->getDeviceInfoByte("modify_count");
         QSignalSpy errors(device, &Device::deviceError);
 
         QVERIFY(!device->writeDevice(command));
         QCOMPARE(device->errorText(), error);
-        // A refusal is told with the command; a mismatch as it is, also in the log.
-        const bool refused = error.startsWith(QLatin1String("Command error"));
+        // A refusal is told with the command, and its code stands in the
+        // status and in the log; a mismatch is told as it is.
+        const bool refused = code != 0;
         QCOMPARE(errors,
                  QList<QList<QVariant>>{
                      {refused ? QStringLiteral("error executing cmd=%1 - %2").arg(command).arg(error) : error}});
-        if (!refused)
-            QCOMPARE(device->messageLog().last(), error);
-        QCOMPARE(device->getDeviceInfoByte("modify_count"), modifyCount);
+        QCOMPARE(device->messageLog().last(),
+                 logged.arg(error) +
+                     (refused ? QStringLiteral("\nError (processing time: %1ms)").arg(device->processingTime()) : ""));
+        QCOMPARE(device->statusBytes().left(1), QByteArray(1, char(code)));
+        const QString status = QStringLiteral("Device status: [%1 ").arg(code, 2, 16, QLatin1Char('0'));
+        QVERIFY(!refused || (device->messageLog().filter(status, Qt::CaseInsensitive).size() == 1 &&
+                             !(device->deviceTagState() & Device::TagStateWritten)));
+        QCOMPARE((QList<int>{device->errorCode(), device->state(), device->getDeviceInfoByte("modify_count")}),
+                 (QList<int>{refused ? -3 : 1, refused ? 3 : 2, modifyCount}));
         const hartsim::RequestRecord record = m_line.sim.record(device == m_device ? 2 : 3);
         QCOMPARE(int(record.command), command);
         QTEST(record.data, "request");

@@ -14,11 +14,6 @@
 
 namespace {
 
-QByteArray hx(const char* hex)
-{
-    return QByteArray::fromHex(hex);
-}
-
 QVariantMap json(const char* text)
 {
     return QJsonDocument::fromJson(text).object().toVariantMap();

@@ -1,4 +1,5 @@
 #include "byteswapper.h"
+#include "columns.h"
 #include "debugqt.h"
 #include "qjsonsettings.h"
 #include "scratchdir.h"
@@ -6,11 +7,6 @@
 
 #include <QTemporaryDir>
 #include <QtTest>
-
-static QByteArray hx(const char* hex)
-{
-    return QByteArray::fromHex(hex);
-}
 
 static QVariantMap sample()
 {

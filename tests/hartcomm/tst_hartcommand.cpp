@@ -16,11 +16,6 @@ const char* const shortResp = "06 83 01 07 00 00 20 41 C8 00 00 2A";
 // Long response to command 1 from address A6 0A 12 34 56: status 00 40.
 const char* const longResp = "86 A6 0A 12 34 56 01 07 00 40 20 41 C8 00 00 B5";
 
-QByteArray hx(const char* hex)
-{
-    return QByteArray::fromHex(hex);
-}
-
 QByteArray pre(int count)
 {
     return QByteArray(count, char(0xFF));

@@ -12,11 +12,6 @@ Q_DECLARE_METATYPE(hartsim::Fault)
 
 namespace {
 
-QByteArray hx(const char* hex)
-{
-    return QByteArray::fromHex(hex);
-}
-
 // A fault of the kind; value is the code, the preambles or the length it takes.
 Fault fault(Fault::Kind kind, int value = 0, bool keepData = false)
 {

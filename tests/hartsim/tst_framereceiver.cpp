@@ -11,11 +11,6 @@ using hartsim::SimFrame;
 
 namespace {
 
-QByteArray hx(const char* hex)
-{
-    return QByteArray::fromHex(hex);
-}
-
 QByteArray pre(int count)
 {
     return QByteArray(count, char(0xFF));

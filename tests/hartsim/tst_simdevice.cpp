@@ -9,11 +9,6 @@ using namespace hartsim;
 
 namespace {
 
-QByteArray hx(const char* hex)
-{
-    return QByteArray::fromHex(hex);
-}
-
 QByteArray f32(float value)
 {
     QByteArray out;

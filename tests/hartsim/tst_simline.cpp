@@ -18,11 +18,6 @@ using namespace hartsim;
 
 namespace {
 
-QByteArray hx(const char* hex)
-{
-    return QByteArray::fromHex(hex);
-}
-
 using Clock = std::chrono::steady_clock;
 
 qint64 msSince(Clock::time_point start)

@@ -135,33 +135,6 @@ private slots:
         QVERIFY(!DeviceWidget::isFieldModified(&field));
     }
 
-    void fieldUsedAndComboBoxItems()
-    {
-        Device device;
-        Panel panel;
-        panel.setDevice(&device);
-        QSpinBox field;
-        QLabel label;
-        panel.setFieldUsed(&field, true, &label); // already enabled: nothing at all
-        QVERIFY(!DeviceWidget::isFieldModified(&field));
-        panel.setFieldUsed(&field, false, &label);
-        QVERIFY(!field.isEnabled() && !label.isEnabled());
-        panel.setFieldUsed(&field, true, &label);
-        QVERIFY(field.isEnabled() && label.isEnabled());
-        QVERIFY(DeviceWidget::isFieldModified(&field)); // back in use by choice: to be written
-
-        QComboBox box;
-        DeviceWidget::loadComboBoxItems({"x", "y", "z"}, &box);
-        QCOMPARE(box.itemData(2).toInt(), 2);
-        box.setCurrentIndex(2);
-        QSignalSpy spy(&box, &QComboBox::currentIndexChanged);
-        DeviceWidget::loadComboBoxItems({"p", "q"}, &box); // the old row is beyond the new list
-        QCOMPARE(box.currentIndex(), 0);
-        DeviceWidget::loadComboBoxItemsWithItemData({QVariantMap{{"name", "mA"}, {"id", 39}}}, &box);
-        QCOMPARE(box.itemData(0).toInt(), 39);
-        QCOMPARE(spy.size(), 0);
-    }
-
     void transactionSharedByChildren()
     {
         Panel editor;
